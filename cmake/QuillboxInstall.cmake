@@ -1,0 +1,45 @@
+# Installs libquillbox.so, one public header per chief class under include/quillbox/, a CMake
+# package (find_package(Quillbox) gives Quillbox::quillbox) and quillbox.pc.
+include(CMakePackageConfigHelpers)
+
+set(QUILLBOX_PUBLIC_HEADERS
+  ${PROJECT_BINARY_DIR}/generated/QuillboxExport.h
+  ${PROJECT_SOURCE_DIR}/platform/WinTypes.h
+  ${PROJECT_SOURCE_DIR}/platform/CString.h
+  ${PROJECT_SOURCE_DIR}/platform/CWnd.h
+  ${PROJECT_SOURCE_DIR}/platform/KeyCodes.h
+  ${PROJECT_SOURCE_DIR}/platform/MessageBox.h
+  ${PROJECT_SOURCE_DIR}/platform/Registry.h
+  ${PROJECT_SOURCE_DIR}/platform/Resources.h
+  ${PROJECT_SOURCE_DIR}/platform/System.h
+  ${PROJECT_SOURCE_DIR}/engine/ScintillaConstants.h
+  ${PROJECT_SOURCE_DIR}/engine/EngineTypes.h
+  ${PROJECT_SOURCE_DIR}/engine/QuillEngine.h
+  ${PROJECT_SOURCE_DIR}/kits/basekit/CKTRegistry.h
+  ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtilTrace.h
+  ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtil.h
+  ${PROJECT_SOURCE_DIR}/text/SString.h
+  ${PROJECT_SOURCE_DIR}/editor/CScintillaWnd.h
+  ${PROJECT_SOURCE_DIR}/module/Quillbox.h)
+
+install(TARGETS quillbox EXPORT QuillboxTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES ${QUILLBOX_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillbox)
+install(EXPORT QuillboxTargets NAMESPACE Quillbox:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Quillbox)
+
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QuillboxConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/QuillboxConfig.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Quillbox)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillboxConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES
+  ${PROJECT_BINARY_DIR}/QuillboxConfig.cmake
+  ${PROJECT_BINARY_DIR}/QuillboxConfigVersion.cmake
+  ${PROJECT_SOURCE_DIR}/cmake/FindQScintilla.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Quillbox)
+
+# The .pc file finds its prefix from its own folder, so the installed tree can move.
+file(RELATIVE_PATH QUILLBOX_PC_PREFIX_FROM_PCDIR /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/quillbox.pc.in ${PROJECT_BINARY_DIR}/quillbox.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/quillbox.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

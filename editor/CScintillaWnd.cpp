@@ -1,0 +1,270 @@
+#include "CScintillaWnd.h"
+
+#include <Qsci/qsciscintillabase.h>
+
+#include <dlfcn.h>
+#include <exception>
+
+#include "CKTRegistry.h"
+#include "CKTUtilTrace.h"
+#include "MessageBox.h"
+#include "QuillEngine.h"
+#include "System.h"
+
+int CScintillaWnd::m_nCntCreation = 0;
+
+namespace {
+constexpr UINT kDragAndDropMessage = 0x4FF;
+constexpr UINT kCheckCopyMessage = 0x343B;
+
+// The engine QScintilla library this library is linked with, held open by the loader.
+HINSTANCE linkedEngineHandle() {
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<const void*>(&QsciScintillaBase::staticMetaObject), &info) && info.dli_fname)
+        if (void* handle = dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD)) return handle;
+    return dlopen(nullptr, RTLD_NOW);
+}
+}  // namespace
+
+CScintillaWnd::CScintillaWnd() : logLevel(CKTUtilTrace::GetDebugLogLevel()) {
+    ++m_nCntCreation;
+    fontSetting.Format("font:%s,size:%d", CKTMgrSetting::GetGlobalFontName().c_str(),
+                       CKTMgrSetting::GetGlobalFontHeight());
+}
+
+CScintillaWnd::~CScintillaWnd() { --m_nCntCreation; }
+
+void CScintillaWnd::trace(const char* text, int sourceLine) const {
+    if (logLevel >= 9) CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", text, sourceLine);
+}
+
+HINSTANCE CScintillaWnd::LoadScintillaDll(const char* path) {
+    const char* name = path ? path : kDefaultEngineLibrary;
+    HINSTANCE handle = path ? LoadLibrary(path) : linkedEngineHandle();
+    if (handle) {
+        QuillEngine::registerWindowClass();
+        return handle;
+    }
+    const DWORD code = GetLastError();
+    const CString message = GetLastErrorText();
+    if (CKTUtilTrace::GetDebugLogLevel() >= 9) {
+        CString line;
+        line.Format("CScintillaWnd::LoadScintillaDll Fail GetLastError:[%u],%s, %s", unsigned(code), name,
+                    message.c_str());
+        CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", line.c_str(), __LINE__);
+    }
+    CString box;
+    box.Format("%s : %s", name, message.c_str());
+    AfxMessageBox(box, MB_OK, 0);
+    return nullptr;
+}
+
+int CScintillaWnd::Create(const char* windowName, DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+    trace("CScintillaWnd::Create", __LINE__);
+    if (!parent) {
+        // A window with no parent is a host's mistake; the pauses leave room for a parent
+        // being made on another path to show in the trace, as the host's support expects.
+        for (int i = 0; i < 10; ++i) {
+            CString line;
+            line.Format("CScintillaWnd::Create- pParentWnd==NULL-%d", i);
+            Sleep(100);
+            CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", line.c_str(), __LINE__);
+        }
+        trace("CScintillaWnd::Create-Final-pParentWnd==NULL", __LINE__);
+        return 0;
+    }
+    try {
+        if (!CreateEx(WS_EX_CLIENTEDGE, "Scintilla", windowName, style | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, rect,
+                      parent, id)) {
+            const DWORD code = GetLastError();
+            if (logLevel >= 9) {
+                CString line;
+                line.Format("CScintillaWnd::Create Fail [iRet:%d][iErr:%u],%p,%s", 0, unsigned(code),
+                            static_cast<void*>(parent->GetSafeHwnd()), GetLastErrorText().c_str());
+                CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", line.c_str(), __LINE__);
+            }
+            return 0;
+        }
+    } catch (const std::exception& e) {
+        if (logLevel >= 9) {
+            CString line;
+            line.Format("CScintillaWnd::Create CException:%.1024s", e.what());
+            CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", line.c_str(), __LINE__);
+            line.Format("CScintillaWnd::Create CException:GetLastError()%u", unsigned(GetLastError()));
+            CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", line.c_str(), __LINE__);
+            line.Format("CScintillaWnd::Create CException:pParentWnd.HWnd:%p", static_cast<void*>(parent->GetSafeHwnd()));
+            CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", line.c_str(), __LINE__);
+            AfxMessageBox(e.what(), MB_ICONSTOP, 0);
+        }
+        return m_hWnd ? 1 : 0;
+    }
+    trace("CScintillaWnd::Create Success", __LINE__);
+    return 1;
+}
+
+QuillEngine* CScintillaWnd::engine() const {
+    QWidget* w = m_hWnd.data();
+    if (!w) return nullptr;
+    if (static_cast<QWidget*>(engine_) != w) const_cast<CScintillaWnd*>(this)->engine_ = dynamic_cast<QuillEngine*>(w);
+    return engine_;
+}
+
+long CScintillaWnd::SendEditor(long message, WPARAM wParam, LPARAM lParam) {
+    QuillEngine* e = engine();
+    return e ? e->send(UINT(message), wParam, lParam) : 0;
+}
+
+int CScintillaWnd::sendStringToScin(int message, CString text) {
+    const WPARAM wParam = message == SCI_APPENDTEXT ? WPARAM(text.GetLength()) : 0;
+    SendEditor(message, wParam, reinterpret_cast<LPARAM>(text.c_str()));
+    return 0;
+}
+
+int CScintillaWnd::sendEditorString(int message, WPARAM wParam, CString text) {
+    return int(SendEditor(message, wParam, reinterpret_cast<LPARAM>(text.c_str())));
+}
+
+LRESULT CScintillaWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    // Engine messages start at 2000; window messages below that have no engine meaning.
+    if (message >= 2000) return SendEditor(long(message), wParam, lParam);
+    return CWnd::DefWindowProc(message, wParam, lParam);
+}
+
+void CScintillaWnd::initScintilla() {
+    trace("CScintillaWnd::initScintilla", __LINE__);
+    ApplyProFile();
+    if (keyWordUsingPreCreate) {
+        SetKeywordStyle();
+        SendEditor(SCI_SETFOLDFLAGS, SC_FOLDFLAG_LINEAFTER_CONTRACTED);
+        SendEditor(SCI_SETMARGINMASKN, 2, LPARAM(SC_MASK_FOLDERS));
+        SendEditor(SCI_SETMODEVENTMASK, SC_MOD_CHANGEFOLD);
+        SendEditor(SCI_SETMARGINSENSITIVEN, 2, 1);
+        SendEditor(SCI_SETMARGINTYPEN, 2, SC_MARGIN_SYMBOL);
+        static constexpr struct { long marker, symbol; } kFoldMarkers[] = {
+            {SC_MARKNUM_FOLDEROPEN, SC_MARK_BOXMINUS},
+            {SC_MARKNUM_FOLDER, SC_MARK_BOXPLUS},
+            {SC_MARKNUM_FOLDERSUB, SC_MARK_VLINE},
+            {SC_MARKNUM_FOLDERTAIL, SC_MARK_LCORNER},
+            {SC_MARKNUM_FOLDEREND, SC_MARK_BOXPLUSCONNECTED},
+            {SC_MARKNUM_FOLDEROPENMID, SC_MARK_BOXMINUSCONNECTED},
+            {SC_MARKNUM_FOLDERMIDTAIL, SC_MARK_TCORNER},
+        };
+        for (const auto& m : kFoldMarkers) {
+            SendEditor(SCI_MARKERDEFINE, WPARAM(m.marker), m.symbol);
+            SendEditor(SCI_MARKERSETFORE, WPARAM(m.marker), 0xFFFFFF);
+            SendEditor(SCI_MARKERSETBACK, WPARAM(m.marker), 0x808080);
+        }
+    } else {
+        // "font:NAME,size:N": the name runs from the sixth character to the first comma.
+        const int comma = fontSetting.Find(',');
+        const int colon = fontSetting.ReverseFind(':');
+        const CString name = comma > 5 ? fontSetting.Mid(5, comma - 5) : CString();
+        const int size = colon >= 0 ? atoi(fontSetting.Mid(colon + 1)) : 0;
+        SetFont(name, size * 10);
+    }
+    indentClosing = 0;  // "indent.closing" of the property file, once property files are read
+
+    static constexpr struct { long style; COLORREF colour; } kStyleColours[] = {
+        {0, 0x000000}, {1, 0x009100}, {2, 0x009100}, {3, 0x009100}, {4, 0x0000FF}, {5, 0xFF0000},
+        {6, 0x000080}, {7, 0x000080}, {10, 0x000000}, {11, 0x000000}, {13, 0x009100}, {20, 0x800080},
+    };
+    for (const auto& s : kStyleColours) SendEditor(SCI_STYLESETFORE, WPARAM(s.style), LPARAM(s.colour));
+    SendEditor(SCI_SETSELBACK, 1, 0xFFD6AD);
+    SendEditor(SCI_STYLESETBACK, STYLE_BRACELIGHT, 0xD7D7D7);
+    SendEditor(SCI_STYLESETFORE, STYLE_BRACELIGHT, 0x0000E1);
+    SendEditor(SCI_STYLESETBOLD, STYLE_BRACELIGHT, 1);
+    SendEditor(SCI_SETEOLMODE, SC_EOL_CRLF);
+    SendEditor(SCI_SETTABINDENTS, 0);
+    static constexpr struct { long marker, symbol; COLORREF back; } kMarks[] = {
+        {0, SC_MARK_ROUNDRECT, 0xFDD228}, {1, SC_MARK_ROUNDRECT, 0x9F80FF}, {2, SC_MARK_SHORTARROW, 0x0FFFF3}};
+    for (const auto& m : kMarks) {
+        SendEditor(SCI_MARKERDEFINE, WPARAM(m.marker), m.symbol);
+        SendEditor(SCI_MARKERSETFORE, WPARAM(m.marker), 0x000000);
+        SendEditor(SCI_MARKERSETBACK, WPARAM(m.marker), LPARAM(m.back));
+    }
+    {
+        CKTMgrSetting setting(0);
+        SetDisplayFolding(setting.GetBOOL("Folding Margin", 1));
+    }
+    SendEditor(SCI_SETHSCROLLBAR, 1);
+    SendEditor(SCI_SETVIRTUALSPACEOPTIONS, SCVS_RECTANGULARSELECTION);
+    SendEditor(SCI_SETADDITIONALSELECTIONTYPING, 1);
+    SendEditor(SCI_SETSCROLLWIDTHTRACKING, 1);
+    SendEditor(SCI_SETSCROLLWIDTH, 1);
+    SendEditor(SCI_INDICSETFORE, 29, 0x00E0E0);
+    SendEditor(SCI_INDICSETSTYLE, 29, INDIC_STRAIGHTBOX);
+    SendEditor(SCI_INDICSETALPHA, 29, 192);
+    SendEditor(SCI_INDICSETUNDER, 29, 1);
+}
+
+void CScintillaWnd::UpdateUI() {
+    trace("CScintillaWnd::UpdateUI", __LINE__);
+    long position = GetCurrentPosition() - 1;
+    long match = SendEditor(SCI_BRACEMATCH, WPARAM(position), 0);
+    if (match < 0) position = match = -1;
+    SendEditor(SCI_BRACEHIGHLIGHT, WPARAM(position), match);
+    SetMarginWidth();
+    HighLightingText();
+}
+
+void CScintillaWnd::Refresh() { SendEditor(SCI_COLOURISE, 0, -1); }
+
+void CScintillaWnd::SetLexer(int lexer) { SendEditor(SCI_SETLEXER, WPARAM(lexer)); }
+
+int CScintillaWnd::SetEncoding(int codePage) { return int(SendEditor(SCI_SETCODEPAGE, WPARAM(codePage))); }
+
+long CScintillaWnd::OnCheckCopy(WPARAM, LPARAM) { return 1; }
+
+void CScintillaWnd::OnSetFocus(CWnd* oldWindow) {
+    SendEditor(SCI_GRABFOCUS);
+    CWnd::OnSetFocus(oldWindow);
+}
+
+void CScintillaWnd::OnSize(UINT type, int cx, int cy) {
+    CWnd::OnSize(type, cx, cy);
+    HighLightingText();
+}
+
+LRESULT CScintillaWnd::OnDragNDrop(WPARAM, LPARAM) { return 0; }
+
+void CScintillaWnd::ApplyProFile() {}
+void CScintillaWnd::SetKeywordStyle() {}
+void CScintillaWnd::SetFont(const char*, int) {}
+void CScintillaWnd::SetDisplayFolding(int display) { displayFolding = display; }
+void CScintillaWnd::SetMarginWidth() {}
+void CScintillaWnd::HighLightingText() {}
+
+long CScintillaWnd::GetCurrentPosition() { return SendEditor(SCI_GETCURRENTPOS); }
+
+int CScintillaWnd::GetCurrentLine() {
+    return int(SendEditor(SCI_LINEFROMPOSITION, WPARAM(GetCurrentPosition()))) + 1;
+}
+
+void CScintillaWnd::Clear() { SendEditor(SCI_CLEAR); }
+
+const MessageMap* CScintillaWnd::GetMessageMap() const { return GetThisMessageMap(); }
+
+const MessageMap* CScintillaWnd::GetThisMessageMap() {
+    static const MessageMapEntry entries[] = {
+        {WM_SETFOCUS, 0,
+         [](CWnd* w, WPARAM wParam, LPARAM) -> LRESULT {
+             static_cast<CScintillaWnd*>(w)->OnSetFocus(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)));
+             return 0;
+         }},
+        {kDragAndDropMessage, 0,
+         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
+             return static_cast<CScintillaWnd*>(w)->OnDragNDrop(wParam, lParam);
+         }},
+        {WM_SIZE, 0,
+         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
+             static_cast<CScintillaWnd*>(w)->OnSize(UINT(wParam), LOWORD(WPARAM(lParam)), HIWORD(WPARAM(lParam)));
+             return 0;
+         }},
+        {kCheckCopyMessage, 0,
+         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
+             return static_cast<CScintillaWnd*>(w)->OnCheckCopy(wParam, lParam);
+         }},
+    };
+    static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
+    return &map;
+}

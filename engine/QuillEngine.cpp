@@ -1,0 +1,339 @@
+#include "QuillEngine.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <algorithm>
+#include <vector>
+
+#include "CWnd.h"
+#include "EngineExtensions.h"
+#include "KeyCodes.h"
+
+namespace {
+constexpr long kInsertOrDelete = SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT;
+constexpr long kBeforeInsertOrDelete = SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE;
+// Flags that ride along with a change's type. The engine passes a notification on when any
+// bit of its type or flags is in the mask, so a flag alone lets inserts and deletes through.
+constexpr long kFlagBits = SC_PERFORMED_USER | SC_PERFORMED_UNDO | SC_PERFORMED_REDO | SC_MULTISTEPUNDOREDO |
+                           SC_LASTSTEPINUNDOREDO | SC_MULTILINEUNDOREDO | SC_STARTACTION;
+constexpr long kPerformedFlags = kFlagBits & ~long(SC_STARTACTION);
+
+// The mask the engine itself gets for what the host asked: no insert or delete and no flag
+// bits, which QScintilla would answer with a scan of the document; the "before"
+// notifications stand in for inserts and deletes. A host that asked for a flag gets every
+// other kind of change, filtered afterwards by the engine's own rule (type & mask).
+long engineMaskFor(long hostMask) {
+    long mask = hostMask & ~(kInsertOrDelete | kFlagBits);
+    if (hostMask & kFlagBits) mask = SC_MODEVENTMASKALL & ~(kInsertOrDelete | kFlagBits);
+    if (hostMask & (kInsertOrDelete | kFlagBits)) mask |= kBeforeInsertOrDelete;
+    return mask;
+}
+
+// The bytes of a code point in UTF-8, as the char-added record carries them.
+void utf8Bytes(int codePoint, int bytes[4]) {
+    unsigned cp = unsigned(codePoint);
+    if (cp < 0x80) {
+        bytes[0] = int(cp);
+    } else if (cp < 0x800) {
+        bytes[0] = int(0xC0 | (cp >> 6));
+        bytes[1] = int(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+        bytes[0] = int(0xE0 | (cp >> 12));
+        bytes[1] = int(0x80 | ((cp >> 6) & 0x3F));
+        bytes[2] = int(0x80 | (cp & 0x3F));
+    } else {
+        bytes[0] = int(0xF0 | (cp >> 18));
+        bytes[1] = int(0x80 | ((cp >> 12) & 0x3F));
+        bytes[2] = int(0x80 | ((cp >> 6) & 0x3F));
+        bytes[3] = int(0x80 | (cp & 0x3F));
+    }
+}
+}  // namespace
+
+QuillEngine::QuillEngine(CWnd* owner, QWidget* parent)
+    : QsciScintillaBase(parent), owner_(owner), hostMask_(SC_MODEVENTMASKALL) {
+    directFunction_ = reinterpret_cast<DirectFunction>(SendScintillaPtrResult(SCI_GETDIRECTFUNCTION));
+    directPointer_ = reinterpret_cast<std::intptr_t>(SendScintillaPtrResult(SCI_GETDIRECTPOINTER));
+    // The document is always UTF-8: QScintilla on Qt 6 shows and accepts nothing else.
+    direct(SCI_SETCODEPAGE, SC_CP_UTF8);
+    direct(SCI_SETMODEVENTMASK, WPARAM(engineMaskFor(hostMask_)));
+    connectSignals();
+}
+
+QuillEngine::~QuillEngine() = default;
+
+bool QuillEngine::registerWindowClass() {
+    return RegisterWindowClass("Scintilla", [](CWnd* owner, QWidget* parent) -> QWidget* {
+        return new QuillEngine(owner, parent);
+    });
+}
+
+void QuillEngine::unregisterWindowClass() { UnregisterWindowClass("Scintilla"); }
+
+long QuillEngine::send(UINT message, WPARAM wParam, LPARAM lParam) {
+    // A change left pending by a caller that reached the engine directly completes first.
+    if (pending_.active) flushPendingChange();
+    long result;
+    switch (message) {
+        case SCI_DELETERANGE_EXT: result = deleteRange(long(wParam), long(lParam)); break;
+        // The engine's own case mapping knows ASCII only; the layer changes every letter.
+        case SCI_UPPERCASE: result = changeCase(wParam); break;
+        case SCI_LOWERCASE: result = changeCase(kCaseLower); break;
+        case SCI_SETMODEVENTMASK: setModEventMask(long(wParam)); result = 0; break;
+        case SCI_GETMODEVENTMASK: result = hostMask_; break;
+        case SCI_SHOWLIST_EXT:
+            result = lParam ? direct(SCI_AUTOCSHOW, wParam, lParam) : 0;
+            break;
+        case SCI_APPENDLIST_EXT: result = 0; break;  // lists come with object completion
+        default: result = direct(message, wParam, lParam); break;
+    }
+    if (pending_.active) flushPendingChange();
+    return result;
+}
+
+long QuillEngine::deleteRange(long start, long end) {
+    const long length = direct(SCI_GETLENGTH);
+    start = std::clamp(start, 0L, length);
+    end = std::clamp(end, 0L, length);
+    if (start > end) std::swap(start, end);
+    if (start == end) return 0;
+    direct(SCI_DELETERANGE, WPARAM(start), LPARAM(end - start));
+    return length - direct(SCI_GETLENGTH);
+}
+
+long QuillEngine::changeCase(WPARAM mode) {
+    if (mode > WPARAM(kCaseLower) || direct(SCI_GETREADONLY)) return 0;
+    const long selections = direct(SCI_GETSELECTIONS);
+    const long mainSelection = direct(SCI_GETMAINSELECTION);
+    struct Range { long start, end, anchor, caret; };
+    std::vector<Range> ranges;
+    for (long i = 0; i < selections; ++i)
+        ranges.push_back({direct(SCI_GETSELECTIONNSTART, WPARAM(i)), direct(SCI_GETSELECTIONNEND, WPARAM(i)),
+                          direct(SCI_GETSELECTIONNANCHOR, WPARAM(i)), direct(SCI_GETSELECTIONNCARET, WPARAM(i))});
+    // Work from the last range back, so that a change of length leaves earlier ranges in place.
+    std::vector<size_t> order(ranges.size());
+    for (size_t i = 0; i < order.size(); ++i) order[i] = i;
+    std::sort(order.begin(), order.end(), [&](size_t a, size_t b) { return ranges[a].start > ranges[b].start; });
+    direct(SCI_BEGINUNDOACTION);
+    std::vector<long> growth(ranges.size(), 0);
+    for (size_t index : order) {
+        Range& r = ranges[index];
+        if (r.start >= r.end) continue;
+        std::string text(size_t(r.end - r.start), '\0');
+        Sci_TextRange tr;
+        std::vector<char> buffer(text.size() + 1);
+        tr.chrg = {r.start, r.end};
+        tr.lpstrText = buffer.data();
+        direct(SCI_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&tr));
+        text.assign(buffer.data(), text.size());
+        std::string changed = ChangeCaseUtf8(text, int(mode));
+        if (changed == text) continue;
+        direct(SCI_SETTARGETRANGE, WPARAM(r.start), LPARAM(r.end));
+        direct(SCI_REPLACETARGET, WPARAM(changed.size()), reinterpret_cast<LPARAM>(changed.data()));
+        growth[index] = long(changed.size()) - long(text.size());
+    }
+    direct(SCI_ENDUNDOACTION);
+    // Select the changed text again; ranges after a changed one move by its growth.
+    long shift = 0;
+    std::vector<size_t> ascending(order.rbegin(), order.rend());
+    for (size_t n = 0; n < ascending.size(); ++n) {
+        Range& r = ranges[ascending[n]];
+        const long g = growth[ascending[n]];
+        const bool forward = r.anchor <= r.caret;
+        const long start = r.start + shift, end = r.end + shift + g;
+        r.anchor = forward ? start : end;
+        r.caret = forward ? end : start;
+        shift += g;
+    }
+    if (ranges.size() == 1) {
+        direct(SCI_SETSEL, WPARAM(ranges[0].anchor), LPARAM(ranges[0].caret));
+    } else {
+        for (size_t i = 0; i < ranges.size(); ++i) {
+            if (i == 0) direct(SCI_SETSELECTION, WPARAM(ranges[i].caret), LPARAM(ranges[i].anchor));
+            else direct(SCI_ADDSELECTION, WPARAM(ranges[i].caret), LPARAM(ranges[i].anchor));
+        }
+        direct(SCI_SETMAINSELECTION, WPARAM(mainSelection));
+    }
+    return 0;
+}
+
+void QuillEngine::setModEventMask(long mask) {
+    hostMask_ = mask;
+    direct(SCI_SETMODEVENTMASK, WPARAM(engineMaskFor(mask)));
+}
+
+void QuillEngine::emitNotification(UINT code) {
+    SCNotification record;
+    record.nmhdr.code = code;
+    record.position = direct(SCI_GETCURRENTPOS);
+    deliver(record);
+}
+
+void QuillEngine::connectSignals() {
+    connect(this, &QsciScintillaBase::SCN_CHARADDED, this, [this](int ch) {
+        SCNotification r;
+        r.nmhdr.code = ::SCN_CHARADDED;
+        int bytes[4] = {0, 0, 0, 0};
+        utf8Bytes(ch, bytes);
+        r.ch = bytes[0];
+        r.ch2 = bytes[1];
+        r.ch3 = bytes[2];
+        r.position = direct(SCI_GETCURRENTPOS);
+        deliver(r);
+    });
+    connect(this, &QsciScintillaBase::SCN_SAVEPOINTREACHED, this, [this] {
+        SCNotification r;
+        r.nmhdr.code = ::SCN_SAVEPOINTREACHED;
+        deliver(r);
+    });
+    connect(this, &QsciScintillaBase::SCN_SAVEPOINTLEFT, this, [this] {
+        SCNotification r;
+        r.nmhdr.code = ::SCN_SAVEPOINTLEFT;
+        deliver(r);
+    });
+    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
+        SCNotification r;
+        r.nmhdr.code = ::SCN_UPDATEUI;
+        r.updated = updated;
+        deliver(r);
+    });
+    connect(this, &QsciScintillaBase::SCN_MODIFIED, this, &QuillEngine::onModified);
+    connect(this, &QsciScintillaBase::SCN_MARGINCLICK, this, [this](int position, int modifiers, int margin) {
+        SCNotification r;
+        r.nmhdr.code = ::SCN_MARGINCLICK;
+        r.position = position;
+        r.modifiers = modifiers;
+        r.margin = margin;
+        deliver(r);
+    });
+    connect(this, &QsciScintillaBase::SCN_NEEDSHOWN, this, [this](int position, int length) {
+        SCNotification r;
+        r.nmhdr.code = ::SCN_NEEDSHOWN;
+        r.position = position;
+        r.length = length;
+        deliver(r);
+    });
+}
+
+void QuillEngine::onModified(int position, int type, const char* text, int length, int linesAdded, int line,
+                             int foldNow, int foldPrev, int token, int annotationLinesAdded) {
+    // Any notification after a "before" one means that change is done: deliver it first.
+    if (pending_.active) flushPendingChange();
+    if (type & kBeforeInsertOrDelete) {
+        const bool insert = type & SC_MOD_BEFOREINSERT;
+        const int changeType = int(insert ? SC_MOD_INSERTTEXT : SC_MOD_DELETETEXT) | (type & int(kPerformedFlags));
+        if (changeType & hostMask_) {
+            pending_.active = true;
+            pending_.type = changeType;
+            pending_.position = position;
+            pending_.length = length;
+            pending_.linesBefore = direct(SCI_GETLINECOUNT);
+            pending_.documentLengthBefore = direct(SCI_GETLENGTH);
+            pending_.deletedText.clear();
+            if (!insert && length > 0) {
+                auto* p = reinterpret_cast<const char*>(direct(SCI_GETRANGEPOINTER, WPARAM(position), LPARAM(length)));
+                if (p) pending_.deletedText.assign(p, size_t(length));
+                counters_.bytesCopied += std::uint64_t(length);
+            }
+        }
+    }
+    // The engine's own rule: a notification goes out when its type or a flag is asked for.
+    if (!(type & hostMask_)) return;
+    SCNotification r;
+    r.nmhdr.code = ::SCN_MODIFIED;
+    r.position = position;
+    r.modificationType = type;
+    r.text = text;
+    r.length = length;
+    r.linesAdded = linesAdded;
+    r.line = line;
+    r.foldLevelNow = foldNow;
+    r.foldLevelPrev = foldPrev;
+    r.token = token;
+    r.annotationLinesAdded = annotationLinesAdded;
+    deliver(r);
+}
+
+void QuillEngine::flushPendingChange() {
+    PendingChange change = std::move(pending_);
+    pending_ = PendingChange{};
+    const bool insert = change.type & SC_MOD_INSERTTEXT;
+    const long documentLength = direct(SCI_GETLENGTH);
+    // A change the engine refused leaves the length as it was: nothing to report.
+    if (documentLength != change.documentLengthBefore + (insert ? change.length : -change.length)) return;
+
+    SCNotification r;
+    r.nmhdr.code = ::SCN_MODIFIED;
+    r.modificationType = change.type;
+    r.position = change.position;
+    r.length = change.length;
+    r.linesAdded = direct(SCI_GETLINECOUNT) - change.linesBefore;
+    if (insert)
+        r.text = change.length
+                     ? reinterpret_cast<const char*>(direct(SCI_GETRANGEPOINTER, WPARAM(change.position), LPARAM(change.length)))
+                     : "";
+    else
+        r.text = change.deletedText.c_str();
+
+    // Assistive technology is told of the change only while it listens: converting the byte
+    // position into a character offset costs a scan of the document up to the change.
+    if (QAccessible::isActive()) {
+        const int offset = int(direct(SCI_COUNTCHARACTERS, 0, LPARAM(change.position)));
+        const QString changed = QString::fromUtf8(r.text, qsizetype(change.length));
+        if (insert) {
+            QAccessibleTextInsertEvent event(this, offset, changed);
+            QAccessible::updateAccessibility(&event);
+        } else {
+            QAccessibleTextRemoveEvent event(this, offset, changed);
+            QAccessible::updateAccessibility(&event);
+        }
+    }
+    deliver(r);
+}
+
+void QuillEngine::deliver(SCNotification& record) {
+    if (pending_.active && record.nmhdr.code != ::SCN_MODIFIED) flushPendingChange();
+    ++counters_.notifications;
+    record.nmhdr.hwndFrom = this;
+    record.nmhdr.idFrom = owner_ ? owner_->GetDlgCtrlID() : 0;
+    // The window's own handler first, then its parent, as a notification to the parent that
+    // the window also sees.
+    if (owner_) {
+        LRESULT result = 0;
+        owner_->OnNotify(record.nmhdr.idFrom, reinterpret_cast<LPARAM>(&record), &result);
+        if (CWnd* parent = owner_->GetParent())
+            parent->SendMessage(WM_NOTIFY, record.nmhdr.idFrom, reinterpret_cast<LPARAM>(&record));
+    }
+}
+
+bool QuillEngine::event(QEvent* e) {
+    const bool handled = QsciScintillaBase::event(e);
+    if (pending_.active) flushPendingChange();
+    return handled;
+}
+
+void QuillEngine::keyPressEvent(QKeyEvent* e) {
+    if (owner_) {
+        MSG msg;
+        msg.hwnd = this;
+        msg.message = WM_KEYDOWN;
+        msg.wParam = VirtualKeyFromQtKey(e->key());
+        msg.event = e;
+        if (owner_->PreTranslateTree(&msg)) {
+            e->accept();
+            return;
+        }
+    }
+    QsciScintillaBase::keyPressEvent(e);
+}
+
+void QuillEngine::focusInEvent(QFocusEvent* e) {
+    QsciScintillaBase::focusInEvent(e);
+    if (owner_) owner_->SendMessage(WM_SETFOCUS, 0, 0);
+}
+
+void QuillEngine::resizeEvent(QResizeEvent* e) {
+    QsciScintillaBase::resizeEvent(e);
+    if (owner_)
+        owner_->SendMessage(WM_SIZE, 0, LPARAM((width() & 0xFFFF) | ((height() & 0xFFFF) << 16)));
+}

@@ -1,0 +1,84 @@
+#pragma once
+// QuillEngine: the engine window. It is QScintilla's QsciScintillaBase with a message link
+// that adds the library's own messages (delete a range, case modes, completion lists), turns
+// the engine's Qt signals into SCNotification records for the owning window and its parent,
+// and keeps every edit as cheap as the engine's own edit (see ModificationRelay below).
+#include <Qsci/qsciscintillabase.h>
+
+#include <cstdint>
+#include <string>
+
+#include "EngineTypes.h"
+
+class CWnd;
+
+class QUILLBOX_EXPORT QuillEngine : public QsciScintillaBase {
+public:
+    QuillEngine(CWnd* owner, QWidget* parent);
+    ~QuillEngine() override;
+
+    // One synchronous message to the engine, with the library's extension messages; returns
+    // the engine's result. This is the one route every window operation takes.
+    long send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+    // Hands a notification of the engine layer's own (9000, 9001) to the owner and parent.
+    void emitNotification(UINT code);
+
+    CWnd* owner() const { return owner_; }
+
+    // Work counters, for tests that prove an edit's cost does not grow with the document.
+    struct Counters {
+        std::uint64_t messages = 0;      // messages that reached the engine
+        std::uint64_t bytesCopied = 0;   // bytes the link copied for notifications
+        std::uint64_t notifications = 0; // records delivered to the owner
+    };
+    const Counters& counters() const { return counters_; }
+    void resetCounters() { counters_ = Counters{}; }
+
+    // Registers the window class "Scintilla", whose windows are QuillEngines.
+    static bool registerWindowClass();
+    static void unregisterWindowClass();
+
+protected:
+    bool event(QEvent* e) override;
+    void keyPressEvent(QKeyEvent* e) override;
+    void focusInEvent(QFocusEvent* e) override;
+    void resizeEvent(QResizeEvent* e) override;
+
+private:
+    using DirectFunction = std::intptr_t (*)(std::intptr_t, unsigned int, std::uintptr_t, std::intptr_t);
+
+    long direct(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        ++counters_.messages;
+        return long(directFunction_(directPointer_, message, wParam, lParam));
+    }
+    long deleteRange(long start, long end);
+    long changeCase(WPARAM mode);
+    void setModEventMask(long mask);
+
+    void connectSignals();
+    void deliver(SCNotification& record);
+    void onModified(int position, int type, const char* text, int length, int linesAdded, int line,
+                    int foldNow, int foldPrev, int token, int annotationLinesAdded);
+    void flushPendingChange();
+
+    CWnd* owner_;
+    DirectFunction directFunction_ = nullptr;
+    std::intptr_t directPointer_ = 0;
+    Counters counters_;
+
+    // The engine's mask never holds insert and delete: QScintilla would otherwise scan the
+    // document from its start on every edit for its accessibility events. The link asks for
+    // the "before" notifications instead and delivers the insert or delete itself once the
+    // change is done, with exactly the fields the engine would have given.
+    long hostMask_;
+    struct PendingChange {
+        bool active = false;
+        int type = 0;             // SC_MOD_INSERTTEXT or SC_MOD_DELETETEXT, with performed flags
+        long position = 0;
+        long length = 0;
+        long linesBefore = 0;
+        long documentLengthBefore = 0;
+        std::string deletedText;  // a delete's text, read before it goes
+    } pending_;
+};

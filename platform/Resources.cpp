@@ -1,0 +1,47 @@
+#include "Resources.h"
+
+#include <QCoreApplication>
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace {
+struct StringTable {
+    std::mutex lock;
+    std::map<unsigned int, std::string> source;      // untranslated texts
+    std::map<unsigned int, std::string> translated;  // last translation handed out, per id
+};
+
+StringTable& table() {
+    static StringTable* t = [] {
+        auto* t = new StringTable;
+        // The library's own strings. Translations key on these texts (context "Quillbox").
+        t->source = {
+            {8200, "Can not start printer document."},
+            {8201, "Cannot transform text line end due to lack of memory"},
+            {8202, "Cannot transform text line end"},
+        };
+        return t;
+    }();
+    return *t;
+}
+}  // namespace
+
+const char* LoadResourceString(unsigned int id) {
+    StringTable& t = table();
+    std::lock_guard<std::mutex> guard(t.lock);
+    auto it = t.source.find(id);
+    if (it == t.source.end()) return nullptr;
+    std::string text = it->second;
+    if (QCoreApplication::instance())
+        text = QCoreApplication::translate("Quillbox", it->second.c_str()).toUtf8().toStdString();
+    std::string& slot = t.translated[id];
+    slot = std::move(text);
+    return slot.c_str();
+}
+
+void RegisterResourceString(unsigned int id, const char* text) {
+    StringTable& t = table();
+    std::lock_guard<std::mutex> guard(t.lock);
+    t.source[id] = text ? text : "";
+}

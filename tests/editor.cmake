@@ -1,0 +1,6 @@
+quillbox_unit_test(test_editor
+  LIBS quillbox
+  SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/editor/EditorFixture.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/editor/EditorWindowTest.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/editor/TextOperationsTest.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/editor/EngineLinkTest.cpp)

@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QWidget>
+#include <vector>
+
+#include "CWnd.h"
+#include "System.h"
+
+namespace {
+constexpr UINT kPing = WM_USER + 1;
+constexpr UINT kCommandA = 100;
+constexpr UINT kCommandB = 200;
+
+// A base window class and a derived one, each with a message map, to prove the derived map
+// wins and falls back to the base map.
+class BaseWindow : public CWnd {
+public:
+    std::vector<CString> log;
+    int createResult = 0;
+
+protected:
+    const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
+    static const MessageMap* GetThisMessageMap() {
+        static const MessageMapEntry entries[] = {
+            {kPing, 0, [](CWnd* w, WPARAM wp, LPARAM) -> LRESULT {
+                 static_cast<BaseWindow*>(w)->log.push_back("base ping");
+                 return LRESULT(wp) + 1;
+             }},
+            {WM_COMMAND, kCommandA, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
+                 static_cast<BaseWindow*>(w)->log.push_back("base A");
+                 return 0;
+             }},
+            {WM_CREATE, 0, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
+                 return static_cast<BaseWindow*>(w)->createResult;
+             }},
+        };
+        static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
+        return &map;
+    }
+};
+
+class DerivedWindow : public BaseWindow {
+protected:
+    const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
+    static const MessageMap* GetThisMessageMap() {
+        static const MessageMapEntry entries[] = {
+            {WM_COMMAND, kCommandB, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
+                 static_cast<DerivedWindow*>(w)->log.push_back("derived B");
+                 return 0;
+             }},
+        };
+        static const MessageMap map{BaseWindow::GetThisMessageMap(), entries, std::size(entries)};
+        return &map;
+    }
+};
+
+RECT rect(int w, int h) { return RECT{0, 0, w, h}; }
+}  // namespace
+
+TEST(CWnd, MessageMapsDispatchAndFallBackToTheBaseClass) {
+    DerivedWindow w;
+    ASSERT_TRUE(w.CreateEx(0, "QuillboxFrame", "w", 0, rect(10, 10), nullptr, 7));
+    EXPECT_EQ(w.SendMessage(kPing, 41, 0), 42);
+    EXPECT_TRUE(w.SendMessage(WM_COMMAND, MakeCommandWParam(kCommandA), 0) == 0);
+    w.SendMessage(WM_COMMAND, MakeCommandWParam(kCommandB, 1), 0);
+    w.SendMessage(WM_COMMAND, MakeCommandWParam(999), 0);  // no handler: nothing happens
+    EXPECT_EQ(w.SendMessage(WM_USER + 77, 0, 0), 0);
+    EXPECT_EQ(w.log, (std::vector<CString>{"base ping", "base A", "derived B"}));
+    EXPECT_EQ(w.GetDlgCtrlID(), 7u);
+}
+
+TEST(CWnd, NoWindowBeforeCreateAndCreationCanBeRefused) {
+    BaseWindow w;
+    EXPECT_EQ(w.GetSafeHwnd(), nullptr);
+    EXPECT_FALSE(w.PostMessage(kPing));
+    EXPECT_FALSE(w.CreateEx(0, "NoSuchClass", "", 0, rect(1, 1), nullptr, 0));
+    EXPECT_EQ(GetLastError(), ERROR_CANNOT_FIND_WND_CLASS_CODE);
+    w.createResult = -1;
+    EXPECT_FALSE(w.CreateEx(0, "QuillboxFrame", "", 0, rect(1, 1), nullptr, 0));
+    EXPECT_EQ(w.GetSafeHwnd(), nullptr);
+
+    CWnd parentWithoutWindow;
+    BaseWindow child;
+    EXPECT_FALSE(child.CreateEx(0, "QuillboxFrame", "", 0, rect(1, 1), &parentWithoutWindow, 0));
+}
+
+TEST(CWnd, PostedMessagesArriveLaterAndNeverReachADestroyedWindow) {
+    auto* w = new BaseWindow;
+    ASSERT_TRUE(w->CreateEx(0, "QuillboxFrame", "", 0, rect(1, 1), nullptr, 0));
+    EXPECT_TRUE(w->PostMessage(kPing, 1, 0));
+    EXPECT_TRUE(w->log.empty());
+    QApplication::processEvents();
+    EXPECT_EQ(w->log.size(), 1u);
+
+    w->PostMessage(kPing, 1, 0);
+    delete w;  // the queued message must be dropped, not delivered to freed memory
+    QApplication::processEvents();
+}
+
+TEST(CWnd, ParentsAndHostWidgets) {
+    QWidget hostWidget;
+    CWnd* host = CWnd::FromWidget(&hostWidget);
+    ASSERT_NE(host, nullptr);
+    EXPECT_EQ(CWnd::FromWidget(&hostWidget), host);
+    BaseWindow child;
+    ASSERT_TRUE(child.CreateEx(0, "QuillboxFrame", "", WS_CHILD | WS_VISIBLE, rect(5, 5), host, 3));
+    EXPECT_EQ(child.GetParent(), host);
+    EXPECT_EQ(child.GetSafeHwnd()->parentWidget(), &hostWidget);
+    EXPECT_EQ(CWnd::FromHandle(child.GetSafeHwnd()), &child);
+
+    // A parent that deletes its widgets takes the child's window too; the object stays safe.
+    auto* owner = new QWidget;
+    BaseWindow orphan;
+    ASSERT_TRUE(orphan.CreateEx(0, "QuillboxFrame", "", 0, rect(5, 5), CWnd::FromWidget(owner), 0));
+    delete owner;
+    EXPECT_EQ(orphan.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(orphan.SendMessage(kPing, 1, 0), 2);
+}
+
+TEST(CWnd, MainWindowRegistrationClearsWithTheWindow) {
+    {
+        BaseWindow main;
+        AfxSetMainWnd(&main);
+        EXPECT_EQ(AfxGetMainWnd(), &main);
+    }
+    EXPECT_EQ(AfxGetMainWnd(), nullptr);
+}

@@ -1,0 +1,135 @@
+// Several processes on one store file: test_registry_writer does the writing.
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <cstring>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "Registry.h"
+
+namespace {
+
+constexpr int kWaitMs = 30000;  // a safety net only: nothing below waits for time to pass
+
+class RegistryProcessTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir_.isValid());
+        path_ = dir_.filePath("registry.sqlite");
+        ASSERT_TRUE(RegSetStorePath(path_.toUtf8().constData()));
+    }
+    void TearDown() override { RegSetStorePath(nullptr); }
+
+    std::unique_ptr<QProcess> start(const QStringList& args) {
+        auto p = std::make_unique<QProcess>();
+        p->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        p->start(QStringLiteral(QUILLBOX_REGISTRY_WRITER), QStringList{path_} + args);
+        EXPECT_TRUE(p->waitForStarted(kWaitMs));
+        return p;
+    }
+
+    static bool waitForLine(QProcess& p) {
+        while (!p.canReadLine())
+            if (!p.waitForReadyRead(kWaitMs)) return false;
+        return true;
+    }
+
+    HKEY openKey(const char* path) {
+        HKEY key = nullptr;
+        EXPECT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, path, 0, KEY_READ, &key), ERROR_SUCCESS);
+        return key;
+    }
+
+    QTemporaryDir dir_;
+    QString path_;
+};
+
+TEST_F(RegistryProcessTest, ConcurrentWritersLoseNothing) {
+    constexpr int kCount = 200;
+    auto a = start({"race", "A", QString::number(kCount)});
+    auto b = start({"race", "B", QString::number(kCount)});
+    // Both have the store open before either writes, so that their writes interleave.
+    ASSERT_TRUE(waitForLine(*a));
+    ASSERT_TRUE(waitForLine(*b));
+    EXPECT_EQ(a->readLine().trimmed(), "ready");
+    EXPECT_EQ(b->readLine().trimmed(), "ready");
+    a->write("go\n");
+    b->write("go\n");
+    for (QProcess* p : {a.get(), b.get()}) {
+        ASSERT_TRUE(p->waitForFinished(kWaitMs));
+        EXPECT_EQ(p->exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(p->exitCode(), 0);
+    }
+
+    HKEY key = openKey("Software\\Race");
+    DWORD values = 0;
+    ASSERT_EQ(RegQueryInfoKey(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr, nullptr,
+                              nullptr, nullptr),
+              ERROR_SUCCESS);
+    EXPECT_EQ(values, DWORD(2 * kCount + 1));
+    for (const char* tag : {"A", "B"}) {
+        for (int i = 0; i < kCount; ++i) {
+            const std::string name = std::string(tag) + "-" + std::to_string(i);
+            DWORD v = 0, size = sizeof v;
+            ASSERT_EQ(RegQueryValueEx(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&v), &size),
+                      ERROR_SUCCESS) << name;
+            EXPECT_EQ(v, DWORD(i));
+        }
+    }
+    DWORD counter = 0, size = sizeof counter;
+    ASSERT_EQ(RegQueryValueEx(key, "Counter", nullptr, nullptr, reinterpret_cast<BYTE*>(&counter), &size),
+              ERROR_SUCCESS);
+    EXPECT_EQ(counter, DWORD(2 * kCount));  // no increment lost to the other process
+    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+}
+
+TEST_F(RegistryProcessTest, KilledWriterLeavesCommittedValues) {
+    auto writer = start({"series"});
+    // Kill it once it has reported 100 commits; it is writing the next one by then.
+    std::vector<unsigned> committed;
+    auto collect = [&] {
+        while (writer->canReadLine()) committed.push_back(writer->readLine().trimmed().toUInt());
+    };
+    while (committed.size() < 100) {
+        ASSERT_TRUE(waitForLine(*writer)) << "writer stopped after " << committed.size();
+        collect();
+    }
+    writer->kill();  // SIGKILL
+    ASSERT_TRUE(writer->waitForFinished(kWaitMs));
+    EXPECT_EQ(writer->exitStatus(), QProcess::CrashExit);
+    collect();  // lines it printed before dying; a partial last line is not counted
+
+    // This process still has the store open; look at the file with a connection of its own.
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open_v2(path_.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
+    sqlite3_stmt* check = nullptr;
+    ASSERT_EQ(sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &check, nullptr), SQLITE_OK);
+    ASSERT_EQ(sqlite3_step(check), SQLITE_ROW);
+    EXPECT_STREQ(reinterpret_cast<const char*>(sqlite3_column_text(check, 0)), "ok");
+    sqlite3_finalize(check);
+    sqlite3_close(db);
+
+    ASSERT_TRUE(RegSetStorePath(path_.toUtf8().constData()));  // reopen from the file
+    HKEY key = openKey("Software\\Series");
+    for (size_t i = 0; i < committed.size(); ++i) {
+        ASSERT_EQ(committed[i], i);  // reported in order, none skipped
+        const std::string name = "v" + std::to_string(i);
+        std::vector<BYTE> data(4096);
+        DWORD size = DWORD(data.size()), type = 0;
+        ASSERT_EQ(RegQueryValueEx(key, name.c_str(), nullptr, &type, data.data(), &size), ERROR_SUCCESS) << name;
+        EXPECT_EQ(type, REG_BINARY);
+        EXPECT_EQ(size, 4096u);
+        unsigned stored = 0;
+        std::memcpy(&stored, data.data(), sizeof stored);
+        EXPECT_EQ(stored, i);
+        EXPECT_EQ(data.back(), BYTE(i & 0xFF));
+    }
+    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+}
+
+}  // namespace

@@ -1,0 +1,413 @@
+// The registry calls on a store file of the test's own.
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Registry.h"
+
+namespace {
+
+using Key = std::unique_ptr<RegistryKey, decltype(&RegCloseKey)>;
+
+const BYTE* bytes(const void* p) { return static_cast<const BYTE*>(p); }
+
+class RegistryTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir_.isValid());
+        path_ = dir_.filePath("registry.sqlite").toStdString();
+        ASSERT_TRUE(RegSetStorePath(path_.c_str()));
+    }
+    void TearDown() override { RegSetStorePath(nullptr); }
+
+    static Key create(const char* subKey, REGSAM access = KEY_ALL_ACCESS, HKEY parent = HKEY_CURRENT_USER) {
+        HKEY key = nullptr;
+        EXPECT_EQ(RegCreateKeyEx(parent, subKey, 0, nullptr, 0, access, nullptr, &key, nullptr), ERROR_SUCCESS);
+        return Key(key, &RegCloseKey);
+    }
+    static Key open(const char* subKey, REGSAM access = KEY_ALL_ACCESS, HKEY parent = HKEY_CURRENT_USER) {
+        HKEY key = nullptr;
+        RegOpenKeyEx(parent, subKey, 0, access, &key);
+        return Key(key, &RegCloseKey);
+    }
+    static LSTATUS setDword(HKEY key, const char* name, DWORD v) {
+        return RegSetValueEx(key, name, 0, REG_DWORD, bytes(&v), sizeof v);
+    }
+    static std::string read(HKEY key, const char* name, DWORD* type = nullptr) {
+        DWORD size = 0;
+        if (RegQueryValueEx(key, name, nullptr, type, nullptr, &size) != ERROR_SUCCESS) return "<missing>";
+        std::string data(size, '\0');
+        EXPECT_EQ(RegQueryValueEx(key, name, nullptr, type, reinterpret_cast<BYTE*>(data.data()), &size),
+                  ERROR_SUCCESS);
+        return data;
+    }
+    static std::vector<std::string> valueNames(HKEY key) {
+        std::vector<std::string> names;
+        char name[64];
+        for (DWORD i = 0;; ++i) {
+            DWORD cch = sizeof name;
+            LSTATUS rc = RegEnumValue(key, i, name, &cch, nullptr, nullptr, nullptr, nullptr);
+            if (rc == ERROR_NO_MORE_ITEMS) break;
+            EXPECT_EQ(rc, ERROR_SUCCESS);
+            names.emplace_back(name, cch);
+        }
+        return names;
+    }
+    static std::vector<std::string> keyNames(HKEY key) {
+        std::vector<std::string> names;
+        char name[64];
+        for (DWORD i = 0;; ++i) {
+            DWORD cch = sizeof name;
+            LSTATUS rc = RegEnumKeyEx(key, i, name, &cch, nullptr, nullptr, nullptr, nullptr);
+            if (rc == ERROR_NO_MORE_ITEMS) break;
+            EXPECT_EQ(rc, ERROR_SUCCESS);
+            names.emplace_back(name, cch);
+        }
+        return names;
+    }
+
+    QTemporaryDir dir_;
+    std::string path_;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(RegistryTest, ValueTypesRoundTrip) {
+    Key key = create("Software\\Types");
+    const std::string sz("text\0", 5), expand("%HOME%\\x\0", 9), multi("one\0two\0\0", 9);
+    const std::string binary("\0\1\0\2\0", 5);
+    const QWORD qword = 0x1122334455667788ull;
+    ASSERT_EQ(RegSetValueEx(key.get(), "sz", 0, REG_SZ, bytes(sz.data()), DWORD(sz.size())), ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueEx(key.get(), "expand", 0, REG_EXPAND_SZ, bytes(expand.data()), DWORD(expand.size())),
+              ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueEx(key.get(), "multi", 0, REG_MULTI_SZ, bytes(multi.data()), DWORD(multi.size())),
+              ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueEx(key.get(), "bin", 0, REG_BINARY, bytes(binary.data()), DWORD(binary.size())),
+              ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueEx(key.get(), "empty", 0, REG_BINARY, nullptr, 0), ERROR_SUCCESS);
+    ASSERT_EQ(setDword(key.get(), "dword", 0xDEADBEEF), ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueEx(key.get(), "qword", 0, REG_QWORD, bytes(&qword), sizeof qword), ERROR_SUCCESS);
+
+    DWORD type = 0;
+    EXPECT_EQ(read(key.get(), "sz", &type), sz);
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(read(key.get(), "expand", &type), expand);  // stored as written, never expanded
+    EXPECT_EQ(type, REG_EXPAND_SZ);
+    EXPECT_EQ(read(key.get(), "multi", &type), multi);
+    EXPECT_EQ(type, REG_MULTI_SZ);
+    EXPECT_EQ(read(key.get(), "bin", &type), binary);
+    EXPECT_EQ(type, REG_BINARY);
+    EXPECT_EQ(read(key.get(), "empty"), "");
+    EXPECT_EQ(read(key.get(), "dword", &type), std::string("\xEF\xBE\xAD\xDE", 4));
+    EXPECT_EQ(type, REG_DWORD);
+    QWORD q = 0;
+    DWORD size = sizeof q;
+    EXPECT_EQ(RegQueryValueEx(key.get(), "qword", nullptr, &type, reinterpret_cast<BYTE*>(&q), &size),
+              ERROR_SUCCESS);
+    EXPECT_EQ(q, qword);
+    EXPECT_EQ(type, REG_QWORD);
+
+    // Null and "" both name the default value; writing again replaces type and data.
+    ASSERT_EQ(setDword(key.get(), nullptr, 7), ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueEx(key.get(), "", 0, REG_SZ, bytes("x"), 2), ERROR_SUCCESS);
+    EXPECT_EQ(read(key.get(), nullptr, &type), std::string("x\0", 2));
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(read(key.get(), "missing"), "<missing>");
+}
+
+TEST_F(RegistryTest, SizeQueriesAndShortBuffers) {
+    Key key = create("Software\\Sizes");
+    ASSERT_EQ(RegSetValueEx(key.get(), "s", 0, REG_SZ, bytes("abcdef"), 7), ERROR_SUCCESS);
+
+    DWORD type = 0, size = 0;
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, &type, nullptr, &size), ERROR_SUCCESS);
+    EXPECT_EQ(size, 7u);  // the NUL it was written with counts
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, &type, nullptr, nullptr), ERROR_SUCCESS);
+
+    char buffer[8];
+    std::memset(buffer, '#', sizeof buffer);
+    size = 3;
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, reinterpret_cast<BYTE*>(buffer), &size),
+              ERROR_MORE_DATA);
+    EXPECT_EQ(size, 7u);
+    EXPECT_EQ(buffer[0], '#');  // nothing copied
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, reinterpret_cast<BYTE*>(buffer), &size),
+              ERROR_SUCCESS);
+    EXPECT_STREQ(buffer, "abcdef");
+    EXPECT_EQ(buffer[7], '#');
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, reinterpret_cast<BYTE*>(buffer), nullptr),
+              ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(RegQueryValueEx(key.get(), "nope", nullptr, nullptr, nullptr, &size), ERROR_FILE_NOT_FOUND);
+
+    // Enumeration reports short name and data buffers the same way.
+    char name[2];
+    DWORD cch = sizeof name;
+    EXPECT_EQ(RegEnumValue(key.get(), 0, name, &cch, nullptr, nullptr, nullptr, nullptr), ERROR_SUCCESS);
+    EXPECT_STREQ(name, "s");
+    EXPECT_EQ(cch, 1u);
+    ASSERT_EQ(setDword(key.get(), "long name", 1), ERROR_SUCCESS);
+    cch = sizeof name;
+    EXPECT_EQ(RegEnumValue(key.get(), 1, name, &cch, nullptr, nullptr, nullptr, nullptr), ERROR_MORE_DATA);
+    EXPECT_EQ(cch, 10u);
+    char longName[16];
+    cch = sizeof longName;
+    size = 2;
+    EXPECT_EQ(RegEnumValue(key.get(), 0, longName, &cch, nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size),
+              ERROR_MORE_DATA);
+    EXPECT_EQ(size, 7u);
+}
+
+TEST_F(RegistryTest, BadArgumentsGetErrors) {
+    Key key = create("Software\\Bad");
+    DWORD one = 1;
+    EXPECT_EQ(RegSetValueEx(key.get(), "d", 0, REG_DWORD, bytes(&one), 3), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(RegSetValueEx(key.get(), "q", 0, REG_QWORD, bytes(&one), 4), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(RegSetValueEx(key.get(), "n", 0, REG_BINARY, nullptr, 4), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(RegSetValueEx(key.get(), "big", 0, REG_BINARY, bytes(&one), REG_MAX_VALUE_SIZE + 1),
+              ERROR_INVALID_PARAMETER);
+    const std::string longName(REG_MAX_VALUE_NAME + 1, 'n');
+    EXPECT_EQ(setDword(key.get(), longName.c_str(), 1), ERROR_INVALID_PARAMETER);
+    EXPECT_TRUE(valueNames(key.get()).empty());
+
+    HKEY out = reinterpret_cast<HKEY>(&one);
+    const std::string longPart(REG_MAX_KEY_NAME + 1, 'k');
+    for (const char* path : {"\\lead", "a\\\\b", "trail\\\\", longPart.c_str()}) {
+        EXPECT_EQ(RegCreateKeyEx(key.get(), path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &out, nullptr),
+                  ERROR_INVALID_PARAMETER) << path;
+        EXPECT_EQ(out, nullptr);
+    }
+    EXPECT_EQ(RegOpenKeyEx(key.get(), "x", 0, KEY_READ, nullptr), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(RegEnumValue(key.get(), 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
+              ERROR_INVALID_PARAMETER);
+
+    // Handles that were never opened, or closed already, are refused without being touched.
+    RegistryKey* bogus = reinterpret_cast<HKEY>(&one);
+    EXPECT_EQ(setDword(nullptr, "x", 1), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(setDword(bogus, "x", 1), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(RegCloseKey(bogus), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(RegCloseKey(nullptr), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(RegCloseKey(HKEY_CURRENT_USER), ERROR_SUCCESS);  // predefined: stays open
+    HKEY raw = key.release();
+    EXPECT_EQ(RegCloseKey(raw), ERROR_SUCCESS);
+    EXPECT_EQ(RegCloseKey(raw), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(setDword(raw, "x", 1), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "x", 1), ERROR_SUCCESS);
+}
+
+TEST_F(RegistryTest, EnumerationFollowsCreationOrder) {
+    Key key = create("Software\\Order");
+    for (const char* name : {"zeta", "alpha", "mid"}) ASSERT_EQ(setDword(key.get(), name, 1), ERROR_SUCCESS);
+    ASSERT_EQ(setDword(key.get(), "alpha", 2), ERROR_SUCCESS);  // rewriting keeps the place
+    EXPECT_EQ(valueNames(key.get()), (Names{"zeta", "alpha", "mid"}));
+    ASSERT_EQ(RegDeleteValue(key.get(), "zeta"), ERROR_SUCCESS);
+    ASSERT_EQ(setDword(key.get(), "zeta", 3), ERROR_SUCCESS);  // a new value goes last
+    EXPECT_EQ(valueNames(key.get()), (Names{"alpha", "mid", "zeta"}));
+
+    for (const char* sub : {"Kz", "Ka\\Deep", "Kb"}) create(sub, KEY_ALL_ACCESS, key.get());
+    EXPECT_EQ(keyNames(key.get()), (Names{"Kz", "Ka", "Kb"}));
+
+    DWORD subKeys = 0, maxSubKey = 0, values = 0, maxValueName = 0, maxValue = 0, cchClass = 4;
+    char cls[4] = "abc";
+    ASSERT_EQ(RegQueryInfoKey(key.get(), cls, &cchClass, nullptr, &subKeys, &maxSubKey, nullptr, &values,
+                              &maxValueName, &maxValue, nullptr, nullptr),
+              ERROR_SUCCESS);
+    EXPECT_EQ(subKeys, 3u);
+    EXPECT_EQ(maxSubKey, 2u);
+    EXPECT_EQ(values, 3u);
+    EXPECT_EQ(maxValueName, 5u);
+    EXPECT_EQ(maxValue, 4u);
+    EXPECT_STREQ(cls, "");
+    EXPECT_EQ(cchClass, 0u);
+
+    Key empty = create("Software\\Order\\Kb");
+    EXPECT_EQ(valueNames(empty.get()), Names{});
+    EXPECT_EQ(keyNames(empty.get()), Names{});
+}
+
+TEST_F(RegistryTest, NamesIgnoreAsciiCase) {
+    Key key = create("Software\\MixedCase\\Inner");
+    DWORD disposition = 0;
+    HKEY again = nullptr;
+    ASSERT_EQ(RegCreateKeyEx(HKEY_CURRENT_USER, "SOFTWARE\\mixedcase\\INNER", 0, nullptr, 0, KEY_ALL_ACCESS,
+                             nullptr, &again, &disposition),
+              ERROR_SUCCESS);
+    Key guard(again, &RegCloseKey);
+    EXPECT_EQ(disposition, REG_OPENED_EXISTING_KEY);
+    EXPECT_EQ(keyNames(open("software").get()), Names{"MixedCase"});
+
+    ASSERT_EQ(setDword(key.get(), "Value", 1), ERROR_SUCCESS);
+    ASSERT_EQ(setDword(again, "VALUE", 2), ERROR_SUCCESS);  // the same value through the other handle
+    EXPECT_EQ(valueNames(key.get()), Names{"Value"});
+    EXPECT_EQ(read(key.get(), "vAlUe"), std::string("\2\0\0\0", 4));
+    EXPECT_EQ(RegDeleteValue(key.get(), "value"), ERROR_SUCCESS);
+    // Bytes beyond ASCII are compared as they are.
+    ASSERT_EQ(setDword(key.get(), "\xC3\x84", 1), ERROR_SUCCESS);
+    EXPECT_EQ(read(key.get(), "\xC3\xA4"), "<missing>");
+}
+
+TEST_F(RegistryTest, DeleteRules) {
+    Key parent = create("Software\\Del\\Child");
+    Key del = open("Software\\Del");
+    ASSERT_EQ(setDword(parent.get(), "v", 1), ERROR_SUCCESS);
+    EXPECT_EQ(RegDeleteKey(del.get(), "Missing"), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(RegDeleteKey(HKEY_CURRENT_USER, "Software\\Del"), ERROR_ACCESS_DENIED);  // has a sub key
+    EXPECT_EQ(RegDeleteKey(HKEY_CURRENT_USER, ""), ERROR_ACCESS_DENIED);               // a root
+    EXPECT_EQ(RegDeleteKey(del.get(), nullptr), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(RegDeleteValue(del.get(), "missing"), ERROR_FILE_NOT_FOUND);
+
+    // The handle of the deleted key stays a handle: its calls fail until it is closed, and a
+    // new key of the same name is not reached through it.
+    ASSERT_EQ(RegDeleteKey(del.get(), "CHILD"), ERROR_SUCCESS);
+    EXPECT_EQ(read(parent.get(), "v"), "<missing>");
+    EXPECT_EQ(setDword(parent.get(), "v", 2), ERROR_KEY_DELETED);
+    Key recreated = create("Software\\Del\\Child");
+    EXPECT_EQ(valueNames(recreated.get()), Names{});
+    EXPECT_EQ(RegQueryInfoKey(parent.get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                              nullptr, nullptr, nullptr, nullptr),
+              ERROR_KEY_DELETED);
+    EXPECT_EQ(RegCloseKey(parent.release()), ERROR_SUCCESS);
+
+    ASSERT_EQ(RegDeleteKey(recreated.get(), ""), ERROR_SUCCESS);  // the handle's own key
+    ASSERT_EQ(RegDeleteKey(HKEY_CURRENT_USER, "Software\\Del"), ERROR_SUCCESS);
+    EXPECT_EQ(open("Software\\Del").get(), nullptr);
+}
+
+TEST_F(RegistryTest, ReadOnlyHandleCannotWrite) {
+    create("Software\\RO\\Existing");
+    Key writable = open("Software\\RO");
+    ASSERT_EQ(setDword(writable.get(), "v", 5), ERROR_SUCCESS);
+    Key ro = open("Software\\RO", KEY_READ);
+    ASSERT_NE(ro.get(), nullptr);
+    EXPECT_EQ(read(ro.get(), "v"), std::string("\5\0\0\0", 4));
+    EXPECT_EQ(setDword(ro.get(), "v", 6), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RegDeleteValue(ro.get(), "v"), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RegDeleteKey(ro.get(), "Existing"), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RegIncrementValue(ro.get(), "n", 1, nullptr), ERROR_ACCESS_DENIED);
+    HKEY out = nullptr;
+    EXPECT_EQ(RegCreateKeyEx(ro.get(), "New", 0, nullptr, 0, KEY_READ, nullptr, &out, nullptr), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(out, nullptr);
+    Key existing = create("Existing", KEY_READ, ro.get());  // opening what exists needs no right
+    EXPECT_NE(existing.get(), nullptr);
+    Key writeOnly = open("Software\\RO", KEY_WRITE);
+    EXPECT_EQ(read(writeOnly.get(), "v"), "<missing>");  // no KEY_QUERY_VALUE
+    EXPECT_EQ(read(writable.get(), "v"), std::string("\5\0\0\0", 4));
+}
+
+TEST_F(RegistryTest, OnlyThisMachineConnects) {
+    char host[256] = {};
+    ASSERT_EQ(gethostname(host, sizeof host - 1), 0);
+    const std::string uncHost = std::string("\\\\") + host;
+    ASSERT_EQ(setDword(HKEY_LOCAL_MACHINE, "seen", 9), ERROR_SUCCESS);
+    for (const char* machine : {static_cast<const char*>(nullptr), "", "localhost", "\\\\LOCALHOST",
+                                static_cast<const char*>(host), uncHost.c_str()}) {
+        HKEY key = nullptr;
+        ASSERT_EQ(RegConnectRegistry(machine, HKEY_LOCAL_MACHINE, &key), ERROR_SUCCESS) << (machine ? machine : "null");
+        EXPECT_EQ(read(key, "seen"), std::string("\x09\0\0\0", 4));
+        EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+    }
+    HKEY key = nullptr;
+    EXPECT_EQ(RegConnectRegistry("\\\\fileserver", HKEY_LOCAL_MACHINE, &key), ERROR_BAD_NETPATH);
+    EXPECT_EQ(key, nullptr);
+    Key sub = create("Software");
+    EXPECT_EQ(RegConnectRegistry(nullptr, sub.get(), &key), ERROR_INVALID_HANDLE);
+}
+
+TEST_F(RegistryTest, StorePersistsAcrossReopen) {
+    Key key = create("Software\\Persist");
+    ASSERT_EQ(setDword(key.get(), "v", 42), ERROR_SUCCESS);
+    const std::string other = dir_.filePath("other.sqlite").toStdString();
+    ASSERT_TRUE(RegSetStorePath(other.c_str()));
+    EXPECT_EQ(setDword(key.get(), "v", 1), ERROR_INVALID_HANDLE);  // opened on the closed store
+    EXPECT_EQ(open("Software\\Persist").get(), nullptr);
+    ASSERT_TRUE(RegSetStorePath(path_.c_str()));
+    EXPECT_EQ(read(open("Software\\Persist").get(), "v"), std::string("*\0\0\0", 4));
+    EXPECT_EQ(RegCloseKey(key.release()), ERROR_SUCCESS);
+}
+
+TEST_F(RegistryTest, UnusableStoreFailsWithoutHarm) {
+    const std::string garbage = dir_.filePath("garbage.sqlite").toStdString();
+    std::string junk(8192, '\0');
+    for (size_t i = 0; i < junk.size(); ++i) junk[i] = char(i * 131 + 7);
+    {
+        QFile f(QString::fromStdString(garbage));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(junk.data(), qint64(junk.size()));
+    }
+    EXPECT_FALSE(RegSetStorePath(garbage.c_str()));
+    HKEY key = nullptr;
+    EXPECT_EQ(RegCreateKeyEx(HKEY_CURRENT_USER, "Software", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+              ERROR_BADDB);
+    EXPECT_EQ(key, nullptr);
+    EXPECT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, "Software", 0, KEY_READ, &key), ERROR_BADDB);
+    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), ERROR_BADDB);
+    DWORD size = 0;
+    EXPECT_EQ(RegQueryValueEx(HKEY_CURRENT_USER, "v", nullptr, nullptr, nullptr, &size), ERROR_BADDB);
+    QFile f(QString::fromStdString(garbage));
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll().toStdString(), junk);  // left exactly as it was
+
+    // Another program's SQLite database is no registry either, and is not changed.
+    const std::string foreign = dir_.filePath("foreign.sqlite").toStdString();
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(foreign.c_str(), &db), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(db, "CREATE TABLE keys(x); INSERT INTO keys VALUES(1)", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(db);
+    EXPECT_FALSE(RegSetStorePath(foreign.c_str()));
+    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), ERROR_BADDB);
+
+    // A folder that cannot be made: the path runs through a file.
+    const std::string blocked = garbage + "/sub/registry.sqlite";
+    EXPECT_FALSE(RegSetStorePath(blocked.c_str()));
+    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), ERROR_CANTWRITE);
+
+    ASSERT_TRUE(RegSetStorePath(path_.c_str()));  // a good store works again
+    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), ERROR_SUCCESS);
+}
+
+TEST_F(RegistryTest, IncrementCountsAndChecksType) {
+    Key key = create("Software\\Count");
+    DWORD value = 0;
+    EXPECT_EQ(RegIncrementValue(key.get(), "n", 5, &value), ERROR_SUCCESS);
+    EXPECT_EQ(value, 5u);
+    EXPECT_EQ(RegIncrementValue(key.get(), "N", -6, &value), ERROR_SUCCESS);
+    EXPECT_EQ(value, 0xFFFFFFFFu);
+    DWORD type = 0;
+    EXPECT_EQ(read(key.get(), "n", &type), std::string("\xFF\xFF\xFF\xFF", 4));
+    EXPECT_EQ(type, REG_DWORD);
+    ASSERT_EQ(RegSetValueEx(key.get(), "s", 0, REG_SZ, bytes("1"), 2), ERROR_SUCCESS);
+    EXPECT_EQ(RegIncrementValue(key.get(), "s", 1, &value), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(read(key.get(), "s"), std::string("1\0", 2));
+}
+
+TEST_F(RegistryTest, ThreadsShareTheStore) {
+    Key key = create("Software\\Threads");
+    auto work = [&](char tag) {
+        for (int i = 0; i < 100; ++i) {
+            const std::string name = tag + std::to_string(i);
+            EXPECT_EQ(setDword(key.get(), name.c_str(), DWORD(i)), ERROR_SUCCESS);
+            EXPECT_EQ(RegIncrementValue(key.get(), "total", 1, nullptr), ERROR_SUCCESS);
+            Key sub = create(name.c_str(), KEY_READ, key.get());
+        }
+    };
+    std::thread a(work, 'a'), b(work, 'b');
+    a.join();
+    b.join();
+    DWORD values = 0, subKeys = 0;
+    ASSERT_EQ(RegQueryInfoKey(key.get(), nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, &values, nullptr,
+                              nullptr, nullptr, nullptr),
+              ERROR_SUCCESS);
+    EXPECT_EQ(values, 201u);
+    EXPECT_EQ(subKeys, 200u);
+    EXPECT_EQ(read(key.get(), "total"), std::string("\xC8\0\0\0", 4));
+}
+
+}  // namespace

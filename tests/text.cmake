@@ -1,0 +1,4 @@
+# The byte strings of the text layer.
+quillbox_unit_test(test_sstring LIBS quillbox_text SOURCES
+  ${CMAKE_CURRENT_SOURCE_DIR}/text/SStringTest.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/text/SStringPropertyTest.cpp)

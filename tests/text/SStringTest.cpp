@@ -1,0 +1,226 @@
+// SContainer, SBuffer and SString: the three shapes, growth, edits at their boundaries, sources
+// inside the string's own array and allocation failures. Ordinary edits are covered by the
+// randomised comparison with std::string in SStringPropertyTest.cpp.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+#include <new>
+#include <string>
+
+#include "SString.h"
+
+// Fails every nothrow array allocation while a FailAllocations object lives, so that the
+// failure paths run; otherwise defers to the ordinary operator new[] (and so to ASan's).
+namespace { bool failAllocations = false; }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    if (failAllocations)
+        return nullptr;
+    try { return ::operator new[](size); } catch (...) { return nullptr; }
+}
+
+namespace {
+struct FailAllocations {
+    FailAllocations() { failAllocations = true; }
+    ~FailAllocations() { failAllocations = false; }
+};
+constexpr unsigned int measure = SString::measureLength;
+std::string text(const SString& s) { return std::string(s.c_str(), s.length()); }
+}   // namespace
+
+TEST(SBuffer, AllocatesAndHandsItsArrayOverUnmeasured) {
+    char* copy = SContainer::StringAllocate("ab\0cd", 5);
+    EXPECT_EQ(0, std::memcmp(copy, "ab\0cd", 6));   // NULs copied, one added
+    delete[] copy;
+    EXPECT_EQ(nullptr, SContainer::StringAllocate(nullptr, 3));
+    EXPECT_EQ(0u, SBuffer(measure).size());
+
+    SBuffer buf(5);
+    ASSERT_EQ(5u, buf.size());
+    EXPECT_EQ('\0', buf.ptr()[0]);
+    std::memcpy(buf.ptr(), "ab\0de", 5);
+    const SString s(buf);
+    EXPECT_EQ(nullptr, buf.ptr());
+    EXPECT_EQ(0u, buf.size());
+    EXPECT_EQ(std::string("ab\0de", 5), text(s));   // sized, not measured
+    EXPECT_EQ('\0', s.c_str()[5]);
+}
+
+TEST(SString, NullEmptyAndTextAreDistinct) {
+    const SString null;
+    EXPECT_TRUE(null == SString());
+    EXPECT_TRUE(null == static_cast<const char*>(nullptr));
+    EXPECT_TRUE(null != "");
+    EXPECT_STREQ("", null.c_str());
+    EXPECT_TRUE(SString(static_cast<const char*>(nullptr)) == null);
+    EXPECT_TRUE(SString(null) == null);
+
+    SString empty;
+    empty = "";
+    EXPECT_TRUE(empty == "");
+    EXPECT_TRUE(empty != null);
+    EXPECT_TRUE(SString(empty) == "");   // a copy of allocated-empty stays allocated
+    SString appended;
+    appended += "";
+    EXPECT_TRUE(appended == "");
+    SString assigned("abc");
+    assigned = static_cast<const char*>(nullptr);   // keeps its array: allocated and empty
+    EXPECT_TRUE(assigned == "");
+    EXPECT_EQ(3u, assigned.size());
+}
+
+TEST(SString, ConstructorsFromNumbersAndRanges) {
+    EXPECT_EQ("-42", text(SString(-42)));
+    EXPECT_EQ("-2147483648", text(SString(INT_MIN)));
+    EXPECT_EQ("3.14", text(SString(3.14159, 2)));
+    EXPECT_EQ(31u, SString(1e300, 2).length());   // cut to the 32-byte area, not overrun
+    EXPECT_EQ("bcd", text(SString("abcdef", 1, 4)));
+    EXPECT_TRUE(SString(nullptr, 0, 3) == SString());
+    EXPECT_EQ(42, SString("42abc").value());
+    EXPECT_EQ(0, SString().value());
+}
+
+TEST(SString, ReadingAtTheBoundaries) {
+    SString s("abcd");
+    EXPECT_EQ('\0', s[4]);   // length == bufferSize
+    s = "ab";                // reuses the 4-byte array: "ab\0d"
+    EXPECT_EQ('\0', s[2]);
+    EXPECT_EQ('d', s[3]);    // the bound is the array, not the text
+    EXPECT_EQ('\0', s[4]);
+
+    EXPECT_FALSE(s.contains('\0'));
+    EXPECT_TRUE(s.contains(""));
+    EXPECT_FALSE(SString("").contains(""));
+    EXPECT_EQ(-1, s.search("", 2));
+    EXPECT_TRUE(SString().startswith(""));
+    EXPECT_FALSE(s.startswith("abc"));
+    EXPECT_FALSE(s.endswith("xab"));
+
+    const SString t("abcdef");
+    EXPECT_EQ("ef", text(t.substr(4, 100)));
+    EXPECT_TRUE(t.substr(5, 0) == "");   // allocated empty, not null
+    EXPECT_TRUE(t.substr(5, 0) != SString());
+    EXPECT_TRUE(t.substr(6) == SString());
+}
+
+TEST(SString, EditsAtTheBoundaries) {
+    SString s;
+    s.append("a", measure, ',');   // no separator before the first text
+    s.appendwithseparator("b", ',');
+    EXPECT_EQ("a,b", text(s));
+    s.insert(4, "x");
+    s.change(3, '!');
+    EXPECT_EQ("a,b", text(s));
+
+    SString r("abcd");
+    r.remove(1, 2);
+    EXPECT_EQ("ad", text(r));
+    r = "abcd";
+    r.remove(2, 0);   // a zero length cuts
+    EXPECT_EQ("ab", text(r));
+    r = "abcd";
+    r.remove(1, 3);
+    EXPECT_EQ("a", text(r));
+
+    SString c("séLect ÄÖ @[`{ from");
+    c.uppercase();
+    EXPECT_EQ("SéLECT ÄÖ @[`{ FROM", text(c));   // UTF-8 and non-letters untouched
+    c.lowercase(0, 3).lowercase(c.length() - 2, 100).uppercase(99);
+    EXPECT_EQ("séLECT ÄÖ @[`{ FRom", text(c));   // 3 bytes are 's' and 'é'
+}
+
+TEST(SString, Substitute) {
+    SString s("a.b.c");
+    EXPECT_EQ(2, s.substitute('.', '/'));
+    EXPECT_EQ("a/b/c", text(s));
+    EXPECT_EQ(0, s.substitute('\0', 'x'));
+    EXPECT_EQ(0, SString().substitute('a', 'b'));
+
+    s = "aaaa";
+    EXPECT_EQ(2, s.substitute("aa", "a"));   // never rescans the replacement
+    EXPECT_EQ("aa", text(s));
+    s = "xaxax";
+    EXPECT_EQ(3, s.substitute("x", "xx"));
+    EXPECT_EQ("xxaxxaxx", text(s));
+    s = "text";
+    EXPECT_EQ(1, s.substitute("", "new"));   // matches at 0; the zero-length removal cuts all
+    EXPECT_EQ("new", text(s));
+    EXPECT_EQ(0, SString("").substitute("", "y"));
+}
+
+TEST(SString, GrowthAddsRoomInProportion) {
+    SString s;
+    s += std::string(1000, 'x').c_str();
+    EXPECT_EQ(1256u, s.size());   // the room doubled from 64 to 256
+
+    SString reuse("abcd");
+    const char* array = reuse.c_str();
+    reuse = "wxyz";   // assign fills the same array exactly ...
+    EXPECT_EQ(array, reuse.c_str());
+    reuse.clear();
+    reuse += "wxyz";   // ... an append of as much grows it
+    EXPECT_EQ(68u, reuse.size());
+
+    SString small;
+    small.setsizegrowth(10);
+    small += "ab";
+    EXPECT_EQ(12u, small.size());
+
+    SString built;
+    int reallocations = 0;
+    for (int i = 0; i < 100000; ++i) {
+        const unsigned int before = built.size();
+        built += 'q';
+        reallocations += built.size() != before;
+    }
+    EXPECT_EQ(100000u, built.length());
+    EXPECT_LT(reallocations, 40);   // 31 with the doubling room; a fixed 64 would take 1563
+}
+
+TEST(SString, SourcesInsideTheOwnArray) {
+    SString s("abc");
+    s += s;   // grows: the source must survive the reallocation
+    EXPECT_EQ("abcabc", text(s));
+    s.append(s.c_str() + 1, 2, '-');
+    s.insert(1, s.c_str(), 3);   // no growth, but the source moves with the tail
+    EXPECT_EQ("aabcbcabc-bc", text(s));
+    SString exact("xyz");   // no spare room: the insertion grows
+    exact.insert(1, exact.c_str());
+    EXPECT_EQ("xxyzyz", text(exact));
+    s = s.c_str() + 3;
+    EXPECT_EQ(3, s.substitute(s.c_str() + 7, "X"));   // pattern "bc" taken from the text
+    EXPECT_EQ("cXaX-X", text(s));
+}
+
+TEST(SString, DetachHandsTheArrayOver) {
+    SString s("owned");
+    char* p = s.detach();
+    EXPECT_TRUE(s == SString());
+    EXPECT_STREQ("owned", p);
+    delete[] p;   // ASan checks it was allocated with new[]
+}
+
+TEST(SString, AllocationFailure) {
+    SString s("abc");   // exact size: any further text needs a growth
+    SString t("ab");
+    {
+        const FailAllocations fail;
+        s.append("more").insert(0, "more");
+        s += 'x';
+        EXPECT_EQ(0, s.substitute("b", "bbbb"));
+        t = "longer";
+        EXPECT_TRUE(t == SString());
+        EXPECT_TRUE(SString("abc") == SString());
+        EXPECT_EQ(0u, SBuffer(8).size());
+    }
+    EXPECT_EQ("abc", text(s));
+    EXPECT_EQ(3u, s.size());
+}
+
+TEST(SString, GetUTF8Length) {
+    EXPECT_EQ(0u, SString::GetUTF8Length(u"abc", 0));
+    EXPECT_EQ(2u, SString::GetUTF8Length(u"ab\0cd", 5));   // stops at the NUL unit
+    EXPECT_EQ(1u + 2 + 3 + 4, SString::GetUTF8Length(u"aé€\U0001F600", measure));
+    const char16_t lone[] = {u'a', char16_t(0xD83D)};   // exactly count units: ASan sees overreads
+    EXPECT_EQ(5u, SString::GetUTF8Length(lone, 2));
+}
