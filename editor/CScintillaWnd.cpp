@@ -160,7 +160,7 @@ void CScintillaWnd::initScintilla() {
         const int colon = fontSetting.ReverseFind(':');
         const CString name = comma > 5 ? fontSetting.Mid(5, comma - 5) : CString();
         const int size = colon >= 0 ? atoi(fontSetting.Mid(colon + 1)) : 0;
-        SetFont(name, size * 10);
+        SetFont(name, (unsigned long)(size * 10));
     }
     indentClosing = 0;  // "indent.closing" of the property file, once property files are read
 
@@ -229,18 +229,7 @@ LRESULT CScintillaWnd::OnDragNDrop(WPARAM, LPARAM) { return 0; }
 
 void CScintillaWnd::ApplyProFile() {}
 void CScintillaWnd::SetKeywordStyle() {}
-void CScintillaWnd::SetFont(const char*, int) {}
-void CScintillaWnd::SetDisplayFolding(int display) { displayFolding = display; }
-void CScintillaWnd::SetMarginWidth() {}
 void CScintillaWnd::HighLightingText() {}
-
-long CScintillaWnd::GetCurrentPosition() { return SendEditor(SCI_GETCURRENTPOS); }
-
-int CScintillaWnd::GetCurrentLine() {
-    return int(SendEditor(SCI_LINEFROMPOSITION, WPARAM(GetCurrentPosition()))) + 1;
-}
-
-void CScintillaWnd::Clear() { SendEditor(SCI_CLEAR); }
 
 const MessageMap* CScintillaWnd::GetMessageMap() const { return GetThisMessageMap(); }
 

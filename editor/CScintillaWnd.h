@@ -6,6 +6,7 @@
 #include "CString.h"
 #include "CWnd.h"
 #include "EngineTypes.h"
+#include "SString.h"
 
 class QuillEngine;
 
@@ -74,10 +75,83 @@ public:
     int SetEmptyUndoCollection();
     int SetUndoCollection(int on);
 
-    // Caret and engine commands the text operations rely on.
+    // Fonts and colours, per style.
+    void SetFont(CString name, unsigned long heightTenths);
+    virtual void SetFontname(int style, CString name);
+    virtual void SetFontheight(int style, int height);
+    virtual void SetBold(int style, int on);
+    virtual void SetItalic(int style, int on);
+    virtual void SetUnderline(int style, int on);
+    virtual void SetBackgroundColor(unsigned long colour);
+    virtual unsigned long GetBackgroundColor();
+
+    // Margins: 0 line numbers, 1 selection and marks, 2 fold symbols.
+    virtual int GetLinenumberChars();
+    virtual int GetLinenumberWidth();
+    virtual void SetDisplayLinenumbers(int on);
+    int SetMarginWidth();
+    virtual void SetDisplaySelection(int on);
+    virtual void SetDisplayFolding(int on);
+    int GetDisplayLinenumbers() const { return displayLinenumbers; }
+    int GetDisplaySelection() const { return displaySelection; }
+    int GetDisplayFolding() const { return displayFolding; }
+
+    // Tabs, wrapping, editing state.
+    void SetTabSize(int size);
+    int GetTabSize();
+    void SetInsertTabs(int on);
+    void SetWordWrapping(int on);
+    int GetWordWrapping();
+    void SetEditable(int on);
+    int QueryEditable();
+    int IsModified();
+    void ResetUndo();
+    void UndoAction(int begin);
+    virtual int GetOverstrike();
+    virtual void SetOverstrike(int on);
+    void ConvertEndOfLine(unsigned int mode);
+    void SetHScrollBar(int);
+    void SetFocusEnable(int);
+
+    // Caret and position. GetCurrentLine, GetCurrentColumn and GotoLine(int) count from 1.
+    void GotoLine(int line);
+    void GotoLineEnsureVisible(int line);
+    virtual void GotoPosition(long position);
+    virtual int GetCurrentLine();
+    virtual long GetCurrentColumn();
     virtual long GetCurrentPosition();
-    virtual int GetCurrentLine();  // counts from 1
+    virtual long SetCurrentPosition(int position);
+    int GetPositionFromSelectionLine();
+    int GetPositionFromLine(int line);
+    int GetEndPositionFromLine(int line);
+    int GetLineIndentPosition(int line);
+    CPoint GetCursorPos();
+    void SetCursorPos(CPoint place);
+    void SetAnchor(CPoint place);
+    CPoint ClientToText(CPoint client);
+    void EnsureVisible();
+    void UpdateCaret();
+    void EnsureRangeVisible(int position1, int position2, bool enforcePolicy);
+    int GetFirstVisibleLine();
+    void SetLineScroll(int line, int column);
+    int SetXOffSet(int offset);
+    virtual int GetCurrentStyle();
+    int GetLineFlags(int line);
+    int GetLineWithFlag(int marker);
+
+    // Clipboard and undo.
+    virtual void Cut();
+    virtual void Copy();
+    virtual void Paste();
     virtual void Clear();
+    virtual void SelectAll();
+    virtual void Undo();
+    virtual void Redo();
+    virtual int CanUndo();
+    virtual int CanRedo();
+    virtual int CanPaste();
+    void DeleteChar() { Clear(); }
+    void DelWordLeft() { DelCtrlBack(); }
 
     void SetNoFocusOnSetText(int value) { noFocusOnSetText = value; }
     void SetKeyWordUsingPreCreate(int value) { keyWordUsingPreCreate = value; }
@@ -94,13 +168,38 @@ protected:
     void OnSize(UINT type, int cx, int cy) override;
     LRESULT OnDragNDrop(WPARAM wParam, LPARAM lParam);
 
-    // Operations filled by the configuration, display, marks and folding layers; until then
-    // they do nothing, so that initScintilla runs its whole sequence.
+    // One-message key commands.
+    void DelWordRight();
+    void DeleteBack();
+    void DelCtrlBack();
+    void DelLineLeft();
+    void DelLineRight();
+    void Left();
+    void Right();
+    void LeftWord();
+    void RightWord();
+    void Up();
+    void Down();
+    void UpScroll();
+    void DownScroll();
+    void PageUp();
+    void PageDown();
+    void LineEnd();
+    void LineHead();
+    void PageHead();
+    void PageEnd();
+    void Tab();
+    void BackTab();
+    void LowerCase();
+    void UpperCase();
+    void Capitalize();
+    void Sentencize();
+    void Invertcase();
+
+    // Operations filled by the configuration, marks and folding layers; until then they do
+    // nothing, so that initScintilla runs its whole sequence.
     virtual void ApplyProFile();
     virtual void SetKeywordStyle();
-    virtual void SetFont(const char* name, int sizeTimesTen);
-    virtual void SetDisplayFolding(int display);
-    virtual void SetMarginWidth();
     virtual void HighLightingText();
 
     long SendEditor(long message, WPARAM wParam = 0, LPARAM lParam = 0);
@@ -145,6 +244,8 @@ protected:
     CString language = "sql";
 
 private:
+    // The bytes of a range as they are; the name is kept from code-page days.
+    SString GetRangeInUIEncoding(int start, int end);
     bool islexerwordcharforsel(char ch) const;
     QuillEngine* engine_ = nullptr;
 };

@@ -211,6 +211,14 @@ char CScintillaWnd::GetChar(int position) {
     return buffer[0];
 }
 
+SString CScintillaWnd::GetRangeInUIEncoding(int start, int end) {
+    if (end < start) return SString();
+    SBuffer buffer(unsigned(end - start) + 2);
+    if (!buffer.ptr()) return SString();
+    GetRange(start, end, buffer.ptr());
+    return SString(buffer.ptr());
+}
+
 CString CScintillaWnd::GetSelectedText() { return GetSelectionText(); }
 
 CString CScintillaWnd::GetSelectionText() {

@@ -3,4 +3,5 @@ quillbox_unit_test(test_editor
   SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/editor/EditorFixture.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/EditorWindowTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/TextOperationsTest.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/editor/DisplaySettingsTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/EngineLinkTest.cpp)

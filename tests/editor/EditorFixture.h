@@ -11,7 +11,13 @@
 
 class TestEditor : public CScintillaWnd {
 public:
+    using CScintillaWnd::fontSetting;
     using CScintillaWnd::initScintilla;
+    using CScintillaWnd::LineHead;
+    using CScintillaWnd::PageEnd;
+    using CScintillaWnd::Invertcase;
+    using CScintillaWnd::DelCtrlBack;
+    using CScintillaWnd::DelWordRight;
     using CScintillaWnd::keyWordUsingPreCreate;
     using CScintillaWnd::noFocusOnSetText;
     using CScintillaWnd::PutToClipboard;

@@ -1,0 +1,98 @@
+// Display settings and one-message commands against a real engine.
+#include <string>
+
+#include "EditorFixture.h"
+
+TEST_F(EditorTest, LineNumberMarginWidensWithTheLineCount) {
+    const long nine = send(SCI_TEXTWIDTH, STYLE_LINENUMBER, reinterpret_cast<LPARAM>("9"));
+    load("1\n2\n3\n4\n5\n6\n7\n8\n9\n10");
+    EXPECT_EQ(editor->GetLinenumberChars(), 3);
+    EXPECT_EQ(editor->GetLinenumberWidth(), 4 * nine);  // the least width
+    std::string many;
+    for (int i = 1; i < 9999; ++i) many += "x\n";
+    load(many.c_str());
+    ASSERT_EQ(editor->GetLineCount(), 9999);
+    EXPECT_EQ(editor->GetLinenumberChars(), 5);
+    EXPECT_EQ(editor->GetLinenumberWidth(), 6 * nine);
+
+    QuillEngine* engine = editor->engine();
+    engine->resetCounters();
+    editor->SetDisplayLinenumbers(1);
+    const auto afterFirst = engine->counters().messages;
+    editor->SetDisplayLinenumbers(1);  // already on: nothing is sent
+    EXPECT_EQ(engine->counters().messages, afterFirst);
+    EXPECT_EQ(send(SCI_GETMARGINWIDTHN, 0), 6 * nine);
+    editor->SetDisplayLinenumbers(0);
+    EXPECT_EQ(send(SCI_GETMARGINWIDTHN, 0), 0);
+    editor->SetDisplaySelection(0);
+    EXPECT_EQ(send(SCI_GETMARGINWIDTHN, 1), 0);
+    editor->SetDisplaySelection(1);
+    EXPECT_EQ(send(SCI_GETMARGINWIDTHN, 1), 16);
+    EXPECT_EQ(editor->GetDisplaySelection(), 1);
+}
+
+TEST_F(EditorTest, FontsAreSetForEveryStyleButTheLastInWholePoints) {
+    editor->SetFont("DejaVu Sans Mono", 105);
+    EXPECT_EQ(editor->fontSetting, "font:DejaVu Sans Mono,size:10");
+    EXPECT_EQ(send(SCI_STYLEGETSIZE, 0), 10);
+    EXPECT_EQ(send(SCI_STYLEGETSIZE, 254), 10);
+    char font[64] = {};
+    send(SCI_STYLEGETFONT, 254, reinterpret_cast<LPARAM>(font));
+    EXPECT_STREQ(font, "DejaVu Sans Mono");
+    editor->SetBackgroundColor(0x123456);
+    EXPECT_EQ(editor->GetBackgroundColor(), 0x123456u);
+    EXPECT_EQ(send(SCI_STYLEGETBACK, STYLE_DEFAULT), 0x123456);
+    EXPECT_EQ(send(SCI_STYLEGETBACK, 31), 0x123456);
+}
+
+TEST_F(EditorTest, LinesAndColumnsCountFromOneForTheUser) {
+    load("first\n  second\nthird\n");
+    editor->GotoLine(1);
+    EXPECT_EQ(editor->GetCurrentLine(), 1);
+    EXPECT_EQ(editor->GetCurrentColumn(), 1);
+    editor->GotoLineEnsureVisible(1);
+    EXPECT_EQ(editor->GetCurrentLine(), 2);
+    editor->LineHead();  // to the first non-blank character
+    EXPECT_EQ(editor->GetCursorPos(), CPoint(2, 1));
+    EXPECT_EQ(editor->GetPositionFromSelectionLine(), 6);
+    editor->SetCursorPos(CPoint(1, 2));
+    EXPECT_EQ(editor->GetCurrentPosition(), 16);
+    EXPECT_EQ(editor->SetCurrentPosition(3), 0);
+    EXPECT_EQ(send(SCI_GETANCHOR), 3);
+    editor->PageEnd();
+    EXPECT_EQ(editor->GetCurrentPosition(), editor->GetTextLength());
+    send(SCI_MARKERADD, 2, 1);
+    EXPECT_EQ(editor->GetLineWithFlag(1), 2);
+    EXPECT_EQ(editor->GetLineFlags(2), 2);
+    EXPECT_EQ(editor->GetLineWithFlag(40), -1);
+}
+
+TEST_F(EditorTest, TabsScrollBarsAndEditability) {
+    editor->SetTabSize(6);
+    editor->SetInsertTabs(0);
+    send(SCI_SETTABINDENTS, 0);
+    editor->SetInsertTabs(1);
+    EXPECT_EQ(send(SCI_GETTABINDENTS), 1);
+    EXPECT_EQ(send(SCI_GETINDENT), 6);
+    EXPECT_EQ(send(SCI_GETUSETABS), 1);
+    editor->SetHScrollBar(0);  // the bar stays on whatever is asked
+    EXPECT_EQ(send(SCI_GETHSCROLLBAR), 1);
+    editor->SetWordWrapping(1);
+    EXPECT_EQ(editor->GetWordWrapping(), 1);
+    load("abc");
+    editor->SetEditable(0);
+    EXPECT_EQ(editor->QueryEditable(), 0);
+    send(SCI_SETSEL, 0, 3);
+    editor->Invertcase();
+    EXPECT_EQ(text(), "abc");  // read-only: nothing changes
+    editor->SetEditable(1);
+    send(SCI_SETSEL, 0, 3);
+    editor->Invertcase();
+    EXPECT_EQ(text(), "ABC");
+    send(SCI_GOTOPOS, 3);
+    editor->DelCtrlBack();
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(editor->CanUndo(), 1);
+    editor->Undo();
+    EXPECT_EQ(text(), "ABC");
+}
