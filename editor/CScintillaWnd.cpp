@@ -211,7 +211,13 @@ void CScintillaWnd::Refresh() { SendEditor(SCI_COLOURISE, 0, -1); }
 
 void CScintillaWnd::SetLexer(int lexer) { SendEditor(SCI_SETLEXER, WPARAM(lexer)); }
 
-int CScintillaWnd::SetEncoding(int codePage) { return int(SendEditor(SCI_SETCODEPAGE, WPARAM(codePage))); }
+int CScintillaWnd::SetEncoding(int codePage) {
+    if (codePage == SC_CP_UTF8) return int(SendEditor(SCI_SETCODEPAGE, SC_CP_UTF8));
+    if (codePage > 0) ansiCodePage = codePage;
+    return ansiCodePage;
+}
+
+void CScintillaWnd::CharAdded(char) {}
 
 long CScintillaWnd::OnCheckCopy(WPARAM, LPARAM) { return 1; }
 

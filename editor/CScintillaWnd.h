@@ -95,6 +95,8 @@ public:
     int GetDisplayLinenumbers() const { return displayLinenumbers; }
     int GetDisplaySelection() const { return displaySelection; }
     int GetDisplayFolding() const { return displayFolding; }
+    virtual int GetCurrentFoldinglevel();
+    virtual void DoDefaultFolding(int margin, long position);
 
     // Tabs, wrapping, editing state.
     void SetTabSize(int size);
@@ -156,17 +158,29 @@ public:
     void SetNoFocusOnSetText(int value) { noFocusOnSetText = value; }
     void SetKeyWordUsingPreCreate(int value) { keyWordUsingPreCreate = value; }
     QuillEngine* engine() const;
+    // The legacy code page "ANSI" means for this window's files (949, 932, 936 or 950).
+    int GetAnsiCodePage() const { return ansiCodePage; }
 
 protected:
     virtual void initScintilla();
     virtual void UpdateUI();
     virtual void Refresh();
     virtual void SetLexer(int lexer);
+    // The engine's document is always UTF-8 (the only encoding the engine shows and accepts).
+    // A legacy code page given here becomes what "ANSI" means for files the window reads and
+    // writes; SC_CP_UTF8 goes to the engine. Returns the code page now in force for that role.
     virtual int SetEncoding(int codePage);
+    // A typed character, after the engine inserted it; automatic indentation works here.
+    virtual void CharAdded(char ch);
     virtual long OnCheckCopy(WPARAM, LPARAM);
     void OnSetFocus(CWnd* oldWindow) override;
     void OnSize(UINT type, int cx, int cy) override;
     LRESULT OnDragNDrop(WPARAM wParam, LPARAM lParam);
+
+    // A line's fold level changed; keeps lines visible when a contracted fold goes away.
+    void FoldChanged(int line, int levelNow, int levelPrev);
+    // Shows or hides the lines subordinate to the fold point at `line`, moving `line` past them.
+    void Expand(int& line, bool doExpand, bool force, int visLevels, int level);
 
     // One-message key commands.
     void DelWordRight();
@@ -242,6 +256,7 @@ protected:
     int displayFolding = 0;
     int searchFlags = 0;
     CString language = "sql";
+    int ansiCodePage = 949;
 
 private:
     // The bytes of a range as they are; the name is kept from code-page days.

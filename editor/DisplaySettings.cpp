@@ -8,7 +8,6 @@
 namespace {
 constexpr int kMarginLineNumbers = 0;
 constexpr int kMarginSelection = 1;
-constexpr int kMarginFolding = 2;
 constexpr int kSymbolMarginWidth = 16;
 }  // namespace
 
@@ -64,11 +63,6 @@ int CScintillaWnd::SetMarginWidth() {
 void CScintillaWnd::SetDisplaySelection(int on) {
     displaySelection = on;
     SendEditor(SCI_SETMARGINWIDTHN, kMarginSelection, on ? kSymbolMarginWidth : 0);
-}
-
-void CScintillaWnd::SetDisplayFolding(int on) {
-    displayFolding = on;
-    SendEditor(SCI_SETMARGINWIDTHN, kMarginFolding, on ? kSymbolMarginWidth : 0);
 }
 
 void CScintillaWnd::SetTabSize(int size) { SendEditor(SCI_SETTABWIDTH, WPARAM(size)); }

@@ -1,0 +1,252 @@
+#include "CKTScinWnd.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QPalette>
+#include <QProcess>
+#include <algorithm>
+#include <cstdlib>
+
+#include "CEditorFailDlg.h"
+#include "CKTRegistry.h"
+#include "CKTUtil.h"
+#include "CKTUtilTrace.h"
+#include "Resources.h"
+#include "System.h"
+
+namespace {
+struct ColourRow {
+    EM_ColorIndex index;
+    const char* valueName;
+    COLORREF defaultColour;
+    std::vector<int> styles;  // styles of the SQL lexer the colour applies to
+};
+
+const ColourRow kColourRows[] = {
+    {ColorText, "Text", 0x000000, {0, 10, 11}},    {ColorNumber, "Number", 0x0000FF, {4}},
+    {ColorString, "String", 0x000080, {6, 7}},     {ColorKeyword, "Keyword", 0xFF0000, {5}},
+    {ColorFunction, "Function", 0x800080, {20}},   {ColorComment, "Comment", 0x009100, {1, 2, 3, 13}},
+};
+
+constexpr COLORREF kReadOnlyBackground = 0xC0C0C0;
+constexpr unsigned int kDefaultFontNameString = 277;
+
+// The code page "ANSI" means for the system language.
+int CodePageForLanguage(LANGID language) {
+    switch (language) {
+        case 1028: return 950;
+        case 1041: return 932;
+        case 2052: return 936;
+        default: return 949;
+    }
+}
+}  // namespace
+
+COLORREF CKTScinWnd::SystemWindowColour() {
+    // Read once, at the first use after the application object exists.
+    static COLORREF colour = [] {
+        if (!qobject_cast<QApplication*>(QCoreApplication::instance())) return COLORREF(0xFFFFFF);
+        const QColor base = QApplication::palette().color(QPalette::Base);
+        return RGB(base.red(), base.green(), base.blue());
+    }();
+    return colour;
+}
+
+CKTScinWnd::CKTScinWnd() : debugLogLevel(CKTUtilTrace::GetDebugLogLevel()) { traceEntry("CKTScinWnd::CKTScinWnd", __LINE__); }
+
+CKTScinWnd::~CKTScinWnd() = default;
+
+void CKTScinWnd::traceEntry(const char* where, int sourceLine) const {
+    if (debugLogLevel >= 9) CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", where, sourceLine);
+}
+
+int CKTScinWnd::Create(const char* name, DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+    traceEntry("CKTScinWnd::Create", __LINE__);
+    if (!CScintillaWnd::Create(name, style, rect, parent, id)) {
+        CEditorFailDlg failure;
+        if (failure.DoModal() != IDCANCEL && failure.runLauncher) {
+            const QString launcher = CKTFile::GetAppFolder().toQString() + QStringLiteral("/Launcher");
+            if (QFileInfo(launcher).isFile()) QProcess::startDetached(launcher, {});
+        }
+        return 0;
+    }
+    ModifyStyle(0, WS_CLIPCHILDREN);
+    initScintilla();
+    SetEncoding(CodePageForLanguage(GetSystemDefaultLangID()));
+    ApplyOptionOnRealtime();
+    return 1;
+}
+
+bool CKTScinWnd::Save(const char*) { return false; }
+
+void CKTScinWnd::OnModified(bool) {}
+
+void CKTScinWnd::ApplyOptionOnRealtime() {
+    CKTMgrSetting setting(0);
+    const char* fontResource = LoadResourceString(kDefaultFontNameString);
+    CString fontName = fontResource && *fontResource ? CString(fontResource) : CKTMgrSetting::GetGlobalFontName();
+    int fontSize = 10;
+    BOOL folding = 1, keepTab = 0, backup = 0;
+    int tabSize = 4;
+    if (setting.GetKey()) {
+        fontName = setting.GetString("Editor Font Name", fontName);
+        fontSize = setting.GetInt("Editor Font Size", fontSize);
+        folding = setting.GetBOOL("Folding Margin", folding);
+        keepTab = setting.GetBOOL("Keep Tab", keepTab);
+        backup = setting.GetBOOL("File Backup", backup);
+        tabSize = setting.GetInt("Tab Size", tabSize);
+        blankAfterComment = setting.GetBOOL("Blank After Comment", blankAfterComment);
+    }
+    if (fontSize < 5) fontSize = 10;
+    SetFont(fontName, (unsigned long)(fontSize * 10));
+    SetDisplayFolding(folding);
+    SendEditor(SCI_SETTABWIDTH, WPARAM(tabSize));
+    SendEditor(SCI_SETUSETABS, keepTab ? 1 : 0);
+    if (keepTab) {
+        SendEditor(SCI_SETTABINDENTS, WPARAM(keepTab));
+        SendEditor(SCI_SETINDENT, WPARAM(SendEditor(SCI_GETTABWIDTH)));
+    }
+    fileBackup = backup;
+    SetColorFromReg(SendEditor(SCI_GETREADONLY) == 0 ? 1 : 0);
+}
+
+void CKTScinWnd::ApplyVisualOption() {
+    initScintilla();
+    Refresh();
+}
+
+void CKTScinWnd::setForegroundColor(EM_ColorIndex index, unsigned long colour) {
+    for (const ColourRow& row : kColourRows) {
+        if (row.index != index) continue;
+        if (!keyWordUsingPreCreate) {
+            // Without the SQL lexer only the text colour means anything, on the default style.
+            if (index == ColorText) SendEditor(SCI_STYLESETFORE, 0, LPARAM(colour));
+            return;
+        }
+        for (int style : row.styles) SendEditor(SCI_STYLESETFORE, WPARAM(style), LPARAM(colour));
+    }
+}
+
+void CKTScinWnd::SetColorFromReg(int editable) {
+    COLORREF editBackground = SystemWindowColour();
+    COLORREF readOnlyBackground = kReadOnlyBackground;
+    CKTMgrSetting setting(0);
+    CKTRegistry colours, mode;
+    if (setting.GetKey() && colours.Open(setting.GetKey(), "Editor Color")) {
+        editBackground = colours.GetDWORD("Edit Mode Background Color", editBackground);
+        readOnlyBackground = colours.GetDWORD("ReadOnly Mode Background Color", readOnlyBackground);
+        mode.Open(colours.GetKey(), editable ? "Editable" : "Readonly");
+    }
+    for (const ColourRow& row : kColourRows)
+        setForegroundColor(row.index, mode.GetKey() ? mode.GetDWORD(row.valueName, row.defaultColour) : row.defaultColour);
+    const COLORREF background = editable ? editBackground : readOnlyBackground;
+    if (GetBackgroundColor() != background) SetBackgroundColor(background);
+}
+
+void CKTScinWnd::SetFilePath(CString path) {
+    const int separator = std::max(path.ReverseFind('/'), path.ReverseFind('\\'));
+    if (separator > 0) {
+        fileFolder = path.Left(separator);
+        fileName = path.Mid(separator + 1);
+    } else {
+        fileFolder.Empty();
+        fileName = path;
+    }
+}
+
+CString CKTScinWnd::GetFilePath() const {
+    if (!fileFolder.IsEmpty() && !fileName.IsEmpty()) return fileFolder + "/" + fileName;
+    if (!fileName.IsEmpty()) return fileName;
+    return CString();
+}
+
+CString CKTScinWnd::GetFontName() const {
+    CString name = fontSetting;
+    name.TrimLeft();
+    name = name.Mid(5);
+    const int end = name.Find(",size:");
+    return end >= 0 ? name.Left(end) : name;
+}
+
+int CKTScinWnd::GetFontSize() const {
+    CString size = fontSetting;
+    size.Trim();
+    return atoi(size.Mid(size.ReverseFind(':') + 1));
+}
+
+void CKTScinWnd::SetReadOnlyMode(int on) {
+    SendEditor(SCI_SETREADONLY, on != 0 ? 1 : 0);
+    SetBackgroundColor(on ? 0xC3C3C3 : 0xFFFFFF);
+}
+
+int CKTScinWnd::SetTextForReadOnly(CString text, int keepUndo) {
+    SendEditor(SCI_SETREADONLY, 0);
+    const int result = SetText(std::move(text), keepUndo);
+    SendEditor(SCI_SETREADONLY, 1);
+    return result;
+}
+
+void CKTScinWnd::GoToPosFromWindowPoint(CPoint screenPoint) {
+    traceEntry("CKTScinWnd::GoToPosFromWindowPoint", __LINE__);
+    RECT window;
+    GetWindowRect(&window);
+    const long position = SendEditor(SCI_POSITIONFROMPOINT, WPARAM(screenPoint.x - window.left), screenPoint.y - window.top);
+    GotoPosition(position);
+}
+
+void CKTScinWnd::GotoOffset(int delta) { SetCurrentPosition(int(GetCurrentPosition()) + delta); }
+
+void CKTScinWnd::EnsureVisible(CPoint place) {
+    SendEditor(SCI_GOTOPOS, WPARAM(SendEditor(SCI_POSITIONFROMLINE, WPARAM(place.y)) + place.x));
+}
+
+void CKTScinWnd::GetSelectLocation(int& start, int& end) {
+    start = int(GetSelectionStart());
+    end = int(GetSelectionEnd());
+}
+
+int CKTScinWnd::GetFromClipboard(CString& text) {
+    const QMimeData* data = QGuiApplication::clipboard() ? QGuiApplication::clipboard()->mimeData() : nullptr;
+    if (!data || !data->hasText()) return 0;
+    const QByteArray bytes = data->text().toUtf8();
+    text = CString(bytes.constData());  // the clipboard's text ends at its first NUL
+    return 1;
+}
+
+int CKTScinWnd::IsTextInClipboard() {
+    const QMimeData* data = QGuiApplication::clipboard() ? QGuiApplication::clipboard()->mimeData() : nullptr;
+    return data && data->hasText() ? 1 : 0;
+}
+
+int CKTScinWnd::GetLinesOnScreen() { return int(SendEditor(SCI_LINESONSCREEN)); }
+
+void CKTScinWnd::refreshHScrollSize(int samples) {
+    const long charWidth = std::max(1L, SendEditor(SCI_TEXTWIDTH, STYLE_DEFAULT, reinterpret_cast<LPARAM>("A")));
+    long longest = std::max(1L, SendEditor(SCI_GETSCROLLWIDTH) / charWidth);
+    const long lines = SendEditor(SCI_GETLINECOUNT);
+    const long step = std::max(1L, lines / std::max(samples, 1));
+    for (long line = 1; line < lines; line += step) longest = std::max(longest, SendEditor(SCI_LINELENGTH, WPARAM(line)));
+    const long width = longest * charWidth;
+    if (width > SendEditor(SCI_GETSCROLLWIDTH)) SendEditor(SCI_SETSCROLLWIDTH, WPARAM(width));
+}
+
+BOOL CKTScinWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const auto* n = reinterpret_cast<const SCNotification*>(lParam);
+    if (!n || n->nmhdr.hwndFrom != GetSafeHwnd()) return CScintillaWnd::OnNotify(wParam, lParam, result);
+    switch (n->nmhdr.code) {
+        case SCN_CHARADDED: CharAdded(char(n->ch)); break;
+        case SCN_SAVEPOINTREACHED: OnModified(false); break;
+        case SCN_SAVEPOINTLEFT: OnModified(true); break;
+        case SCN_UPDATEUI: UpdateUI(); break;
+        case SCN_MODIFIED:
+            if (n->modificationType & SC_MOD_CHANGEFOLD) FoldChanged(int(n->line), n->foldLevelNow, n->foldLevelPrev);
+            break;
+        case SCN_MARGINCLICK: DoDefaultFolding(n->margin, n->position); break;
+        case SCN_NEEDSHOWN: EnsureRangeVisible(int(n->position), int(n->position + n->length), false); break;
+        default: break;
+    }
+    if (result) *result = 1;
+    return TRUE;
+}

@@ -1,0 +1,1 @@
+// The SQL window's code-language and bind logic is being written.
