@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QMainWindow>
+#include <QLocale>
 #include <QPixmap>
+#include <QTranslator>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -50,7 +52,7 @@ public:
             return false;
         }
         window_.setCentralWidget(editor_.GetSafeHwnd());
-        window_.setWindowTitle(QString("Quillbox - %1").arg(QString::fromLocal8Bit(path)));
+        window_.setWindowTitle(QCoreApplication::translate("QuillboxApp", "Quillbox - %1").arg(QString::fromLocal8Bit(path)));
         editor_.Initialise();
         editor_.SetText(CString(bytes.constData(), int(bytes.size())), 0);
         return true;
@@ -99,6 +101,11 @@ int main(int argc, char** argv) {
     if (command == "shot" && !picture) return usage();
 
     QApplication app(argc, argv);
+    // The program's own strings, in the language the library's start chose.
+    QTranslator programStrings;
+    const QString language = QLocale().name().replace('_', '-');
+    if (programStrings.load(QCoreApplication::applicationDirPath() + "/" + language + "/quillbox.qm"))
+        QCoreApplication::installTranslator(&programStrings);
     EditorHost host;
     if (!host.open(file)) return 1;
     if (offscreen) return savePicture(host.window(), picture) ? 0 : 1;

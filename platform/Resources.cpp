@@ -17,9 +17,9 @@ StringTable& table() {
         auto* t = new StringTable;
         // The library's own strings. Translations key on these texts (context "Quillbox").
         t->source = {
-            {8200, "Can not start printer document."},
-            {8201, "Cannot transform text line end due to lack of memory"},
-            {8202, "Cannot transform text line end"},
+            {8200, QT_TRANSLATE_NOOP("Quillbox", "Can not start printer document.")},
+            {8201, QT_TRANSLATE_NOOP("Quillbox", "Cannot transform text line end due to lack of memory")},
+            {8202, QT_TRANSLATE_NOOP("Quillbox", "Cannot transform text line end")},
         };
         return t;
     }();
