@@ -50,7 +50,7 @@ protected:
 };
 
 TEST_F(RegistryProcessTest, ConcurrentWritersLoseNothing) {
-    constexpr int kCount = 200;
+    constexpr int kCount = 500;
     auto a = start({"race", "A", QString::number(kCount)});
     auto b = start({"race", "B", QString::number(kCount)});
     // Both have the store open before either writes, so that their writes interleave.

@@ -9,7 +9,7 @@
 
 namespace {
 
-class SettingsTest : public ::testing::Test {
+class RegistrySettingsTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dir_.isValid());
@@ -20,7 +20,7 @@ protected:
     QTemporaryDir dir_;
 };
 
-TEST_F(SettingsTest, ClosedKeyGivesDefaults) {
+TEST_F(RegistrySettingsTest, ClosedKeyGivesDefaults) {
     CKTRegistry reg;
     EXPECT_EQ(reg.GetKey(), nullptr);
     EXPECT_EQ(reg.GetInt("i", -3), -3);
@@ -32,7 +32,7 @@ TEST_F(SettingsTest, ClosedKeyGivesDefaults) {
     EXPECT_EQ(reg.Open(nullptr, "Software"), nullptr);
 }
 
-TEST_F(SettingsTest, ValuesRoundTrip) {
+TEST_F(RegistrySettingsTest, ValuesRoundTrip) {
     CKTRegistry reg;
     ASSERT_NE(reg.Open(HKEY_CURRENT_USER, "Software\\Quillbox\\Test"), nullptr);
     EXPECT_TRUE(reg.SetInt("int", -12345));
@@ -62,7 +62,7 @@ TEST_F(SettingsTest, ValuesRoundTrip) {
     EXPECT_NE(CKTRegistry().Open(again, "CHILD"), nullptr);
 }
 
-TEST_F(SettingsTest, UnexpectedTypesGiveDefaults) {
+TEST_F(RegistrySettingsTest, UnexpectedTypesGiveDefaults) {
     CKTRegistry reg;
     ASSERT_NE(reg.Open(HKEY_CURRENT_USER, "Software\\Types"), nullptr);
     const BYTE four[4] = {1, 0, 0, 0};
@@ -91,7 +91,7 @@ TEST_F(SettingsTest, UnexpectedTypesGiveDefaults) {
     EXPECT_EQ(reg.GetInt("dword", 6), 6);
 }
 
-TEST_F(SettingsTest, GlobalFontSettings) {
+TEST_F(RegistrySettingsTest, GlobalFontSettings) {
     EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 10);
     const CString font = CKTMgrSetting::GetGlobalFontName();
     EXPECT_FALSE(font.IsEmpty());
