@@ -2,6 +2,7 @@
 
 #include <Qsci/qsciscintillabase.h>
 
+#include <QMimeData>
 #include <dlfcn.h>
 #include <exception>
 
@@ -231,7 +232,30 @@ void CScintillaWnd::OnSize(UINT type, int cx, int cy) {
     HighLightingText();
 }
 
-LRESULT CScintillaWnd::OnDragNDrop(WPARAM, LPARAM) { return 0; }
+LRESULT CScintillaWnd::OnDragNDrop(WPARAM wParam, LPARAM) {
+    const auto* record = reinterpret_cast<const DropRecord*>(wParam);
+    if (!record) return 0;
+    COleDataObject data;
+    data.Attach(static_cast<const QMimeData*>(record->dataObject), FALSE);
+    const int result = DoDropText(&data, CPoint(record->x, record->y));
+    data.Release();
+    return result;
+}
+
+int CScintillaWnd::DoDropText(COleDataObject* data, const CPoint&) {
+    const std::optional<QByteArray> bytes = data ? data->GetGlobalData(RegisterClipboardFormat("Tessel_OLEFormat"))
+                                                 : std::nullopt;
+    if (!bytes) return 0;
+    // The text lands where the mouse is now, in coordinates of the text area (inside the
+    // window's frame), which is what the engine's positions are measured in.
+    POINT cursor;
+    ::GetCursorPos(&cursor);
+    QuillEngine* e = engine();
+    const QPoint origin = e ? e->viewport()->mapToGlobal(QPoint(0, 0)) : QPoint();
+    POINT at{cursor.x - origin.x(), cursor.y - origin.y()};
+    DropText(&at, CString(bytes->constData()));
+    return 1;
+}
 
 void CScintillaWnd::ApplyProFile() {}
 void CScintillaWnd::SetKeywordStyle() {}

@@ -6,6 +6,7 @@
 #include "CString.h"
 #include "CWnd.h"
 #include "EngineTypes.h"
+#include "OleData.h"
 #include "SString.h"
 
 class QuillEngine;
@@ -175,7 +176,11 @@ protected:
     virtual long OnCheckCopy(WPARAM, LPARAM);
     void OnSetFocus(CWnd* oldWindow) override;
     void OnSize(UINT type, int cx, int cy) override;
+    // A drop message: wParam points to a DropRecord; the result is DoDropText's.
     LRESULT OnDragNDrop(WPARAM wParam, LPARAM lParam);
+    // Inserts the text of a drop in the private format "Tessel_OLEFormat" where the mouse is,
+    // as one undo step; 1 when the data held text in that format, else 0.
+    virtual int DoDropText(COleDataObject* data, const CPoint& point);
 
     // A line's fold level changed; keeps lines visible when a contracted fold goes away.
     void FoldChanged(int line, int levelNow, int levelPrev);

@@ -1,13 +1,16 @@
 #include "QuillEngine.h"
 
 #include <QAccessible>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <algorithm>
 #include <vector>
 
 #include "CWnd.h"
 #include "EngineExtensions.h"
 #include "KeyCodes.h"
+#include "OleData.h"
 
 namespace {
 constexpr long kInsertOrDelete = SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT;
@@ -336,4 +339,45 @@ void QuillEngine::resizeEvent(QResizeEvent* e) {
     QsciScintillaBase::resizeEvent(e);
     if (owner_)
         owner_->SendMessage(WM_SIZE, 0, LPARAM((width() & 0xFFFF) | ((height() & 0xFFFF) << 16)));
+}
+
+// Drops in the host's private text format go to the window (message 0x4FF with a drop
+// record); everything else is the engine's own drag and drop.
+bool QuillEngine::carriesPrivateDrop(const QMimeData* data) const {
+    static const CLIPFORMAT format = RegisterClipboardFormat("Tessel_OLEFormat");
+    return data && data->hasFormat(ClipboardFormatMimeType(format));
+}
+
+void QuillEngine::dragEnterEvent(QDragEnterEvent* e) {
+    if (carriesPrivateDrop(e->mimeData())) e->acceptProposedAction();
+    else QsciScintillaBase::dragEnterEvent(e);
+}
+
+void QuillEngine::dragMoveEvent(QDragMoveEvent* e) {
+    if (carriesPrivateDrop(e->mimeData())) {
+        e->acceptProposedAction();
+        QsciScintillaBase::dragMoveEvent(e);  // the engine shows where the text would go
+        e->acceptProposedAction();
+    } else {
+        QsciScintillaBase::dragMoveEvent(e);
+    }
+}
+
+void QuillEngine::dropEvent(QDropEvent* e) {
+    if (owner_ && carriesPrivateDrop(e->mimeData())) {
+        constexpr UINT kDragAndDropMessage = 0x4FF;
+        const QPoint at = e->position().toPoint();
+        DropRecord record;
+        record.dataObject = e->mimeData();
+        record.x = at.x();
+        record.y = at.y();
+        SetDropCursorPos(viewport()->mapToGlobal(at));
+        const LRESULT taken = owner_->SendMessage(kDragAndDropMessage, reinterpret_cast<WPARAM>(&record), 0);
+        SetDropCursorPos(std::nullopt);
+        if (taken) {
+            e->acceptProposedAction();
+            return;
+        }
+    }
+    QsciScintillaBase::dropEvent(e);
 }
