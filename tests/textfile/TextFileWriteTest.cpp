@@ -1,0 +1,238 @@
+// Writing: conversion into each encoding, refusal of characters an encoding lacks, and saves
+// that fail at any step without touching the old file or leaving a temporary one.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "TextFileSupport.h"
+
+namespace {
+
+// Writes the text in three pieces, cut twice inside the first non-ASCII character of the
+// samples, as a caller streaming text may.
+bool Save(const std::string& path, const std::string& text, TEXTENCODING encoding, int codePage = 0) {
+    CKTTextFileWrite file(path.c_str(), encoding, codePage);
+    const size_t cut1 = std::min<size_t>(4, text.size()), cut2 = std::min<size_t>(5, text.size());
+    return file.IsOpen() && file.Write(text.substr(0, cut1).c_str()) &&
+           file.Write(text.substr(cut1, cut2 - cut1).c_str()) && file.Write(text.substr(cut2).c_str()) &&
+           file.Close();
+}
+
+bool IsRoot() { return geteuid() == 0; }
+
+}  // namespace
+
+TEST_F(TextFileTest, EachEncodingRoundTripsByteForByte) {
+    const struct { TEXTENCODING encoding; std::string bytes; } unicode[] = {
+        {TEXTENCODING_UTF8, kMixedText},
+        {TEXTENCODING_UTF8_BOM, std::string("\xEF\xBB\xBF") + kMixedText},
+        {TEXTENCODING_UTF16LE, Utf16(kMixedText, true)},
+        {TEXTENCODING_UTF16BE, Utf16(kMixedText, false)},
+    };
+    for (const auto& c : unicode) {
+        SCOPED_TRACE(c.encoding);
+        ASSERT_TRUE(Save(Path("a.sql"), kMixedText, c.encoding));
+        ASSERT_EQ(Get(Path("a.sql")), c.bytes);
+        CKTTextFileRead read(Path("a.sql").c_str());
+        CString text;
+        ASSERT_TRUE(read.Read(text, "\r\n"));
+        EXPECT_EQ(text, kMixedText);
+        EXPECT_EQ(read.GetEncoding(), c.encoding);
+        ASSERT_TRUE(Save(Path("a.sql"), text.str(), read.GetEncoding()));
+        EXPECT_EQ(Get(Path("a.sql")), c.bytes);
+    }
+    for (const LegacySample& sample : kLegacySamples) {
+        SCOPED_TRACE(sample.codePage);
+        ASSERT_TRUE(Save(Path("b.sql"), sample.utf8, TEXTENCODING_ANSI, sample.codePage));
+        ASSERT_EQ(Get(Path("b.sql")), sample.bytes);
+        CKTTextFileRead read(Path("b.sql").c_str(), true, true, sample.codePage);
+        CString text;
+        ASSERT_TRUE(read.Read(text, "\r\n"));
+        EXPECT_EQ(text, sample.utf8);
+        ASSERT_TRUE(Save(Path("b.sql"), text.str(), read.GetEncoding(), read.GetCodePage()));
+        EXPECT_EQ(Get(Path("b.sql")), sample.bytes);
+    }
+    // Without a code page, ANSI is the system language's.
+    setenv("QUILLBOX_LANGID", "1041", 1);
+    ASSERT_TRUE(Save(Path("c.sql"), kLegacySamples[1].utf8, TEXTENCODING_ANSI));
+    EXPECT_EQ(Get(Path("c.sql")), kLegacySamples[1].bytes);
+    EXPECT_EQ(Entries(), QStringList({"a.sql", "b.sql", "c.sql"}));
+}
+
+TEST_F(TextFileTest, TextTheEncodingCannotHoldLeavesTheTargetUntouched) {
+    const struct {
+        TEXTENCODING encoding;
+        int codePage;
+        const char* text;
+        TEXTFILEERROR error;
+        const char* mention;
+    } cases[] = {
+        {TEXTENCODING_ANSI, 932, "SELECT 1;\r\n-- 한글\r\n", TEXTFILEERROR_UNREPRESENTABLE, "U+D55C"},
+        {TEXTENCODING_ANSI, 949, "-- 😀", TEXTFILEERROR_UNREPRESENTABLE, "U+1F600"},
+        {TEXTENCODING_ANSI, 936, "-- 가", TEXTFILEERROR_UNREPRESENTABLE, "U+AC00"},
+        {TEXTENCODING_ANSI, 950, "-- 简", TEXTFILEERROR_UNREPRESENTABLE, "U+7B80"},
+        {TEXTENCODING_UTF8, 0, "abc \xC3(", TEXTFILEERROR_INVALID_TEXT, "offset 15"},
+        {TEXTENCODING_UTF16LE, 0, "\xED\xA0\x80", TEXTFILEERROR_INVALID_TEXT, "offset 11"},
+        {TEXTENCODING_UTF8_BOM, 0, "ends inside \xE2\x82", TEXTFILEERROR_INVALID_TEXT, "ends inside"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        Put(Path("a.sql"), "old text");
+        CKTTextFileWrite file(Path("a.sql").c_str(), c.encoding, c.codePage);
+        ASSERT_TRUE(file.IsOpen());
+        file.Write("SELECT 2;\r\n");
+        file.Write(c.text);
+        EXPECT_FALSE(file.Close());
+        EXPECT_FALSE(file.IsOpen());
+        EXPECT_EQ(file.GetError(), c.error);
+        EXPECT_NE(file.GetErrorText().Find(c.mention), -1) << file.GetErrorText().c_str();
+        EXPECT_FALSE(file.Write("more"));
+        EXPECT_EQ(Get(Path("a.sql")), "old text");
+        EXPECT_EQ(Entries(), QStringList({"a.sql"}));
+    }
+    // The line is counted over every Write call.
+    CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_ANSI, 932);
+    file.Write("SELECT 1;\r\n");
+    file.Write("SELECT 2;\r\n-- 한");
+    EXPECT_NE(file.GetErrorText().Find("line 3"), -1) << file.GetErrorText().c_str();
+}
+
+TEST_F(TextFileTest, AFailureAtAnyStepKeepsTheOldFile) {
+    const struct { TEXTFILEFAULT step; int nth; bool unnamedOnly; } faults[] = {
+        {TEXTFILEFAULT_WRITE, 1, false},   // the byte order mark
+        {TEXTFILEFAULT_WRITE, 3, false},   // the second piece of text
+        {TEXTFILEFAULT_SYNC, 1, false},
+        {TEXTFILEFAULT_LINK, 1, true},
+        {TEXTFILEFAULT_RENAME, 1, false},
+    };
+    for (bool unnamed : {true, false}) {
+        for (const auto& fault : faults) {
+            if (fault.unnamedOnly && !unnamed) continue;
+            SCOPED_TRACE(testing::Message() << "unnamed " << unnamed << " step " << fault.step << "/"
+                                            << fault.nth);
+            CKTTextFileFaults::AllowUnnamedTemp(unnamed);
+            CKTTextFileFaults::Set(fault.step, fault.nth, ENOSPC);
+            Put(Path("a.sql"), "old text");
+            CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8_BOM);
+            file.Write("new ");
+            file.Write("text");
+            EXPECT_FALSE(file.Close());
+            EXPECT_EQ(file.GetError(), TEXTFILEERROR_WRITE_FAILED);
+            EXPECT_NE(file.GetErrorText().Find("No space left"), -1) << file.GetErrorText().c_str();
+            EXPECT_EQ(Get(Path("a.sql")), "old text");
+            EXPECT_EQ(Entries(), QStringList({"a.sql"}));
+            CKTTextFileFaults::Reset();
+        }
+    }
+}
+
+TEST_F(TextFileTest, OnlyCloseReplacesTheTarget) {
+    for (bool unnamed : {true, false}) {
+        CKTTextFileFaults::AllowUnnamedTemp(unnamed);
+        Put(Path("a.sql"), "old text");
+        {
+            CKTTextFileWrite abandoned(Path("a.sql").c_str(), TEXTENCODING_UTF8);
+            ASSERT_TRUE(abandoned.Write("new text"));
+            EXPECT_EQ(Entries().size(), unnamed ? 1 : 2);   // a named temporary file shows
+            EXPECT_EQ(Get(Path("a.sql")), "old text");
+        }
+        EXPECT_EQ(Entries(), QStringList({"a.sql"}));
+        EXPECT_EQ(Get(Path("a.sql")), "old text");
+
+        CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8);
+        ASSERT_TRUE(file.Write("new text") && file.Write(nullptr));
+        EXPECT_TRUE(file.Close());
+        EXPECT_TRUE(file.Close());
+        EXPECT_FALSE(file.Write("more"));
+        EXPECT_EQ(Get(Path("a.sql")), "new text");
+        EXPECT_EQ(Entries(), QStringList({"a.sql"}));
+    }
+    // An empty save still writes the byte order mark, so the encoding survives.
+    ASSERT_TRUE(Save(Path("empty.sql"), "", TEXTENCODING_UTF16BE));
+    EXPECT_EQ(Get(Path("empty.sql")), "\xFE\xFF");
+}
+
+TEST_F(TextFileTest, PathsThatCannotBeSavedFailAtOpen) {
+    const std::string missingFolder = Path("no/such/folder.sql");
+    const struct {
+        std::string path;
+        TEXTENCODING encoding;
+        int codePage;
+        TEXTFILEERROR error;
+    } cases[] = {
+        {missingFolder, TEXTENCODING_UTF8, 0, TEXTFILEERROR_NOT_FOUND},
+        {dir_.path().toStdString(), TEXTENCODING_UTF8, 0, TEXTFILEERROR_NOT_A_FILE},
+        {dir_.path().toStdString() + "/", TEXTENCODING_UTF8, 0, TEXTFILEERROR_NOT_A_FILE},
+        {"", TEXTENCODING_UTF8, 0, TEXTFILEERROR_INVALID_ARGUMENT},
+        {Path("a.sql"), TEXTENCODING(7), 0, TEXTFILEERROR_INVALID_ARGUMENT},
+        {Path("a.sql"), TEXTENCODING_ANSI, 1252, TEXTFILEERROR_UNSUPPORTED},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.path);
+        CKTTextFileWrite file(c.path.c_str(), c.encoding, c.codePage);
+        EXPECT_FALSE(file.IsOpen());
+        EXPECT_EQ(file.GetError(), c.error) << file.GetErrorText().c_str();
+        EXPECT_FALSE(file.Write("x"));
+        EXPECT_FALSE(file.Close());
+        EXPECT_EQ(file.GetError(), c.error);
+    }
+    EXPECT_TRUE(Entries().isEmpty());
+}
+
+TEST_F(TextFileTest, ReplacingKeepsPermissionsAndSymbolicLinks) {
+    Put(Path("a.sql"), "old");
+    ASSERT_EQ(chmod(Path("a.sql").c_str(), 0640), 0);
+    ASSERT_TRUE(Save(Path("a.sql"), "new", TEXTENCODING_UTF8));
+    struct stat info {};
+    ASSERT_EQ(stat(Path("a.sql").c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777, 0640u);
+
+    const mode_t mask = umask(022);
+    umask(mask);
+    ASSERT_TRUE(Save(Path("new.sql"), "new", TEXTENCODING_UTF8));
+    ASSERT_EQ(stat(Path("new.sql").c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777, 0666u & ~mask);
+
+    ASSERT_EQ(symlink("a.sql", Path("link.sql").c_str()), 0);
+    ASSERT_TRUE(Save(Path("link.sql"), "through the link", TEXTENCODING_UTF8));
+    ASSERT_EQ(lstat(Path("link.sql").c_str(), &info), 0);
+    EXPECT_TRUE(S_ISLNK(info.st_mode));
+    EXPECT_EQ(Get(Path("a.sql")), "through the link");
+}
+
+TEST_F(TextFileTest, PermissionDeniedFailsCleanly) {
+    if (IsRoot()) GTEST_SKIP() << "root ignores permission bits; injected failures cover this";
+    Put(Path("locked.sql"), "secret");
+    ASSERT_EQ(chmod(Path("locked.sql").c_str(), 0), 0);
+    CKTTextFileRead unreadable(Path("locked.sql").c_str());
+    EXPECT_EQ(unreadable.GetError(), TEXTFILEERROR_PERMISSION);
+
+    Put(Path("a.sql"), "old text");
+    ASSERT_EQ(chmod(Path("a.sql").c_str(), 0444), 0);
+    CKTTextFileWrite readOnlyFile(Path("a.sql").c_str(), TEXTENCODING_UTF8);
+    EXPECT_EQ(readOnlyFile.GetError(), TEXTFILEERROR_PERMISSION);
+    ASSERT_EQ(chmod(Path("a.sql").c_str(), 0644), 0);
+
+    const std::string folder = dir_.path().toStdString();
+    ASSERT_EQ(chmod(folder.c_str(), 0555), 0);
+    CKTTextFileWrite readOnlyFolder(Path("new.sql").c_str(), TEXTENCODING_UTF8);
+    EXPECT_EQ(readOnlyFolder.GetError(), TEXTFILEERROR_PERMISSION);
+    ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
+
+    // The folder turns read-only while the save is under way.
+    for (bool unnamed : {true, false}) {
+        CKTTextFileFaults::AllowUnnamedTemp(unnamed);
+        CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8);
+        ASSERT_TRUE(file.Write("new text"));
+        ASSERT_EQ(chmod(folder.c_str(), 0555), 0);
+        EXPECT_FALSE(file.Close());
+        ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
+        EXPECT_EQ(Get(Path("a.sql")), "old text");
+        // A named temporary file cannot be removed from a read-only folder; an unnamed one
+        // never had a name to leave behind.
+        if (unnamed) {
+            EXPECT_EQ(Entries(), QStringList({"a.sql", "locked.sql"}));
+        }
+    }
+}
