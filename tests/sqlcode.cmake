@@ -1,0 +1,6 @@
+# The SQL window's code-language logic: bind scanners, copy as code, paste from code.
+quillbox_unit_test(test_sqlcode LIBS quillbox_platform quillbox_sqledit SOURCES
+  ${CMAKE_CURRENT_SOURCE_DIR}/sqlcode/BindScannerTest.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/sqlcode/CopyAsCodeTest.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/sqlcode/PasteFromCodeTest.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/sqlcode/RoundTripTest.cpp)

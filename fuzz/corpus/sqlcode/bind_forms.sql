@@ -1,0 +1,1 @@
+:rec.field :arr[2] :p->x : gap &amp :a#1 :x$y ::int &&x :åå‰ :café :aÃ

@@ -1,0 +1,119 @@
+#include "BindScanner.h"
+
+namespace {
+
+bool isBlank(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+bool isAsciiAlnum(unsigned char c) {
+    const unsigned char lower = c | 0x20;
+    return (c >= '0' && c <= '9') || (lower >= 'a' && lower <= 'z');
+}
+
+// Length of the well-formed UTF-8 sequence that starts s[i], 2 to 4; 1 for an ASCII byte and
+// for a byte that starts no complete, well-formed sequence before the end of `s`.
+int utf8Length(std::string_view s, size_t i) {
+    const unsigned char lead = static_cast<unsigned char>(s[i]);
+    int length;
+    unsigned char low = 0x80, high = 0xBF;   // range of the second byte, which excludes
+    if (lead >= 0xC2 && lead <= 0xDF) {     // overlong forms, surrogates and values past U+10FFFF
+        length = 2;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        length = 3;
+        if (lead == 0xE0) low = 0xA0;
+        if (lead == 0xED) high = 0x9F;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4;
+        if (lead == 0xF0) low = 0x90;
+        if (lead == 0xF4) high = 0x8F;
+    } else {
+        return 1;
+    }
+    if (s.size() - i < size_t(length)) return 1;
+    for (int k = 1; k < length; ++k) {
+        const unsigned char c = static_cast<unsigned char>(s[i + size_t(k)]);
+        if (c < (k == 1 ? low : 0x80) || c > (k == 1 ? high : 0xBF)) return 1;
+    }
+    return length;
+}
+
+// Index of the first byte at or after `from`, outside literals and comments, for which `hit`
+// holds; -1 when there is none or a literal or comment runs into the end of the text.
+template <class Hit>
+int walk(std::string_view s, int from, Hit hit) {
+    const size_t n = s.size();
+    for (size_t i = size_t(from); i < n;) {
+        const char c = s[i];
+        const bool pair = i + 1 < n;
+        size_t close;
+        size_t closeLength = 1;
+        if (c == '\'' || c == '"') {
+            close = s.find(c, i + 1);
+        } else if (c == '-' && pair && s[i + 1] == '-') {
+            close = s.find('\n', i + 2);
+        } else if (c == '/' && pair && s[i + 1] == '*') {
+            close = s.find("*/", i + 2);
+            closeLength = 2;
+        } else if (hit(i)) {
+            return int(i);
+        } else {
+            ++i;
+            continue;
+        }
+        if (close == std::string_view::npos) return -1;
+        i = close + closeLength;
+    }
+    return -1;
+}
+
+// Index behind the gap and the name of a bind whose marker stands before `i`.
+int nameEnd(std::string_view s, size_t i) {
+    const size_t n = s.size();
+    while (i < n && isBlank(static_cast<unsigned char>(s[i]))) ++i;
+    while (i < n) {
+        const unsigned char c = static_cast<unsigned char>(s[i]);
+        if (c >= 0x80) {
+            const int length = utf8Length(s, i);
+            if (length == 1) break;
+            i += size_t(length);
+        } else if (isAsciiAlnum(c) || std::string_view("_$#[].").find(char(c)) != std::string_view::npos) {
+            ++i;
+        } else if (c == '-' && i + 1 < n && s[i + 1] == '>') {
+            i += 2;
+        } else {
+            break;
+        }
+    }
+    return int(i);
+}
+
+bool inside(std::string_view s, int index) { return index >= 0 && size_t(index) < s.size(); }
+
+}  // namespace
+
+bool FindBindIn(std::string_view s, int from, int& start, int& end) {
+    if (!inside(s, from)) return false;
+    const int at = walk(s, from, [s](size_t i) {
+        // ":=" is an assignment and a marker at the end stands for nothing.
+        return (s[i] == ':' || s[i] == '&') && i + 1 < s.size() && s[i + 1] != '=';
+    });
+    if (at < 0) return false;
+    start = at;
+    end = nameEnd(s, size_t(at) + 1);
+    return true;
+}
+
+int FindPlaceholderIn(std::string_view s, int from) {
+    if (!inside(s, from)) return -1;
+    return walk(s, from, [s](size_t i) { return s[i] == '?'; });
+}
+
+int FindBindPosition(CString text, int& start, int& end) {
+    return FindBindIn(std::string_view(text.c_str()), start, start, end) ? 1 : 0;
+}
+
+int FindBindReplacePosition(CString text, int& position) {
+    const int at = FindPlaceholderIn(std::string_view(text.c_str()), position);
+    if (at < 0) return 0;
+    position = at;
+    return 1;
+}

@@ -1,1 +1,0 @@
-// The SQL window's code-language and bind logic is being written.
