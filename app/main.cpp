@@ -14,7 +14,7 @@
 #include <cstring>
 #include <string>
 
-#include "CScintillaWnd.h"
+#include "CKTScinWnd.h"
 
 namespace {
 int usage() {
@@ -31,7 +31,7 @@ bool hasDisplay() {
            (std::getenv("WAYLAND_DISPLAY") && *std::getenv("WAYLAND_DISPLAY"));
 }
 
-// The editor window the program hosts: a CScintillaWnd child of the main window.
+// The editor window the program hosts: an application editor window in the main window.
 class EditorHost {
 public:
     EditorHost() {
@@ -40,12 +40,6 @@ public:
     }
 
     bool open(const char* path) {
-        QFile file(QString::fromLocal8Bit(path));
-        if (!file.open(QIODevice::ReadOnly)) {
-            std::fprintf(stderr, "quillbox: cannot open %s: %s\n", path, file.errorString().toLocal8Bit().constData());
-            return false;
-        }
-        const QByteArray bytes = file.readAll();
         RECT rect{0, 0, window_.width(), window_.height()};
         if (!editor_.Create("editor", WS_CHILD | WS_VISIBLE, rect, frame_, 100)) {
             std::fprintf(stderr, "quillbox: the editor window could not be made\n");
@@ -53,21 +47,19 @@ public:
         }
         window_.setCentralWidget(editor_.GetSafeHwnd());
         window_.setWindowTitle(QCoreApplication::translate("QuillboxApp", "Quillbox - %1").arg(QString::fromLocal8Bit(path)));
-        editor_.Initialise();
-        editor_.SetText(CString(bytes.constData(), int(bytes.size())), 0);
+        if (!editor_.LoadFile(path)) {
+            std::fprintf(stderr, "quillbox: cannot open %s: %s\n", path, editor_.GetLastFileError().c_str());
+            return false;
+        }
         return true;
     }
 
     QMainWindow& window() { return window_; }
 
 private:
-    // Opens the protected start-up sequence to the program, as a host's own subclass does.
-    struct Editor : CScintillaWnd {
-        void Initialise() { initScintilla(); }
-    };
     QMainWindow window_;
     CWnd* frame_ = nullptr;
-    Editor editor_;
+    CKTScinWnd editor_;
 };
 
 bool savePicture(QWidget& window, const char* out) {

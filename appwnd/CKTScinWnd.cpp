@@ -81,6 +81,21 @@ int CKTScinWnd::Create(const char* name, DWORD style, const RECT& rect, CWnd* pa
 
 bool CKTScinWnd::Save(const char*) { return false; }
 
+int CKTScinWnd::LoadFile(CString path) {
+    if (path.IsEmpty()) return 1;
+    CString text;
+    if (!readFileText(path, text)) return 0;
+    lastFileError.Empty();
+    SendEditor(SCI_CLEARALL);
+    initScintilla();
+    SetText(std::move(text), 0);
+    SendEditor(SCI_EMPTYUNDOBUFFER);
+    GotoPosition(0);
+    return 1;
+}
+
+int CKTScinWnd::SaveFile(const char* path, int encoding) { return CScintillaWnd::SaveFile(path, encoding, fileBackup != 0); }
+
 void CKTScinWnd::OnModified(bool) {}
 
 void CKTScinWnd::ApplyOptionOnRealtime() {

@@ -30,6 +30,13 @@ public:
     }
 
     virtual bool Save(const char* path);
+    // Loads a file into a freshly initialised window; the document stays as it was when the
+    // file cannot be read.
+    int LoadFile(CString path);
+    int LoadFile(const char* path) override { return LoadFile(CString(path ? path : "")); }
+    // Saves with the window's backup option.
+    virtual int SaveFile(const char* path, int encoding);
+    using CScintillaWnd::SaveFile;
     virtual void OnModified(bool modified);
     virtual void ApplyOptionOnRealtime();
     virtual void ApplyVisualOption();

@@ -29,6 +29,16 @@ public:
     virtual int Create(const char* windowName, DWORD style, const RECT& rect, CWnd* parent, UINT id);
     int Destroy() { return 1; }
 
+    // Files. The document is read and written through the text file classes, which detect
+    // and convert encodings; a failure changes neither the document nor the file on disk
+    // (but the backup, which is made by moving the old file first). `encoding` 0..4 is a
+    // TEXTENCODING, anything else lets the file on disk decide.
+    virtual int LoadFile(const char* path);
+    virtual int SaveFile(const char* path);
+    virtual int SaveFile(const char* path, int encoding, bool backup);
+    // Why the last LoadFile or SaveFile failed, for the user; empty after a success.
+    CString GetLastFileError() const { return lastFileError; }
+
     // Putting text in.
     virtual int SetText(CString text, int keepUndo = 0);
     void InsertText(CPoint at, CString text);
@@ -226,6 +236,11 @@ protected:
     int sendEditorString(int message, WPARAM wParam, CString text);
 
     CString transformLineEnds(CString text, int eolMode);
+    bool makeBackupFile(CString path);
+    virtual int GetFormatFromExtension(const char* extension);
+    // Reads a whole file as the document's text with CR LF line ends; false (and the reason in
+    // lastFileError) when it cannot be opened or decoded.
+    bool readFileText(const char* path, CString& text);
     void HideSelection(int hide);
     CPoint CursorPosFromScin(int position);
     int StartScinPosInLine(int position);
@@ -262,6 +277,7 @@ protected:
     int searchFlags = 0;
     CString language = "sql";
     int ansiCodePage = 949;
+    CString lastFileError;
 
 private:
     // The bytes of a range as they are; the name is kept from code-page days.

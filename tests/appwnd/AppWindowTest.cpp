@@ -2,6 +2,8 @@
 #include <QApplication>
 #include <cstdlib>
 #include <cstring>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include "AppWindow.h"
 
@@ -158,4 +160,27 @@ TEST_F(AppWindowTest, ClipboardTextIsReadAsUtf8) {
     EXPECT_EQ(window->IsTextInClipboard(), 1);
     EXPECT_EQ(window->GetFromClipboard(text), 1);
     EXPECT_EQ(text, "select 한");
+}
+
+TEST_F(AppWindowTest, LoadingAFileThatCannotBeReadKeepsTheOpenDocument) {
+    create();
+    window->SetText("unsaved work\n", 1);
+    QTemporaryDir dir;
+    const QByteArray bad = dir.filePath("bad.sql").toUtf8();
+    QFile f(QString::fromUtf8(bad));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("select \x80\xff\x81 not text");  // no byte order mark, and no code page fits
+    f.close();
+    EXPECT_EQ(window->LoadFile(bad.constData()), 0);
+    EXPECT_EQ(window->GetText(), "unsaved work\r\n");
+    EXPECT_EQ(send(SCI_CANUNDO), 1);
+
+    const QByteArray good = dir.filePath("good.sql").toUtf8();
+    QFile g(QString::fromUtf8(good));
+    ASSERT_TRUE(g.open(QIODevice::WriteOnly));
+    g.write("select 1;\n");
+    g.close();
+    EXPECT_EQ(window->LoadFile(good.constData()), 1);
+    EXPECT_EQ(window->GetText(), "select 1;\r\n");
+    EXPECT_EQ(send(SCI_CANUNDO), 0);
 }
