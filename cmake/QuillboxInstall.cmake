@@ -7,6 +7,8 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/platform/WinTypes.h
   ${PROJECT_SOURCE_DIR}/platform/CString.h
   ${PROJECT_SOURCE_DIR}/platform/CWnd.h
+  ${PROJECT_SOURCE_DIR}/platform/CDialog.h
+  ${PROJECT_SOURCE_DIR}/platform/OleData.h
   ${PROJECT_SOURCE_DIR}/platform/KeyCodes.h
   ${PROJECT_SOURCE_DIR}/platform/MessageBox.h
   ${PROJECT_SOURCE_DIR}/platform/Registry.h
@@ -18,8 +20,10 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTRegistry.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtilTrace.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtil.h
+  ${PROJECT_SOURCE_DIR}/kits/basekit/CKTTextFile.h
   ${PROJECT_SOURCE_DIR}/text/SString.h
   ${PROJECT_SOURCE_DIR}/editor/CScintillaWnd.h
+  ${PROJECT_SOURCE_DIR}/appwnd/CKTScinWnd.h
   ${PROJECT_SOURCE_DIR}/module/Quillbox.h)
 
 install(TARGETS quillbox EXPORT QuillboxTargets

@@ -1,0 +1,119 @@
+// LoadFile and SaveFile of a 100 MB SQL script, in UTF-8 and in a legacy code page (949),
+// beside a plain read of the file into memory and plain QScintilla SCI_SETTEXT of the same
+// bytes. Reports both ratios and the peak memory per document byte during the load.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <cstdlib>
+
+#include "BenchSupport.h"
+#include "CKTTextFile.h"
+
+namespace {
+constexpr size_t kBytes = 100u << 20;
+
+// The script with a Hangul comment every 4 KiB, so the legacy file really needs converting.
+const std::string& script() {
+    static const std::string s = [] {
+        std::string text = GenerateSqlScript(kBytes);
+        const std::string comment = "\n-- 주문 집계\n";
+        for (size_t at = 0; at + 64 < text.size(); at += 4096) text.replace(at, comment.size(), comment);
+        return text;
+    }();
+    return s;
+}
+
+struct Files {
+    QTemporaryDir dir;
+    QByteArray utf8 = dir.filePath("script-utf8.sql").toUtf8();
+    QByteArray legacy = dir.filePath("script-949.sql").toUtf8();
+    Files() {
+        QFile u(QString::fromUtf8(utf8));
+        u.open(QIODevice::WriteOnly);
+        u.write(script().data(), qint64(script().size()));
+        u.close();
+        CKTTextFileWrite w(legacy.constData(), TEXTENCODING_ANSI, 949);
+        w.Write(script().c_str());
+        w.Close();
+    }
+};
+
+Files& files() {
+    static Files f;
+    return f;
+}
+
+double plainLoadMs(const QByteArray& path, QsciScintillaBase& plain) {
+    return TimeMs([&] {
+        QFile f(QString::fromUtf8(path));
+        f.open(QIODevice::ReadOnly);
+        const QByteArray bytes = f.readAll();
+        plain.SendScintilla(QsciScintillaBase::SCI_SETTEXT, 0UL, bytes.constData());
+    });
+}
+
+void BM_LoadFile(benchmark::State& state) {
+    const QByteArray& path = state.range(0) ? files().legacy : files().utf8;
+    EditorOnFrame host(1);
+    QsciScintillaBase plain;
+    plain.SendScintilla(QsciScintillaBase::SCI_SETMODEVENTMASK, QsciScintillaBase::SC_MOD_CHANGEFOLD);
+    double ours = 0, stock = 0, readOnly = 0, peak = 0;
+    for (auto _ : state) {
+        host.editor->Empty();
+        plain.SendScintilla(QsciScintillaBase::SCI_CLEARALL);
+        const long before = CurrentResidentBytes();
+        ResetPeakResident();
+        ours = TimeMs([&] { host.editor->LoadFile(path.constData()); });
+        peak = double(PeakResidentBytes() - before) / double(kBytes);
+        stock = plainLoadMs(path, plain);
+        readOnly = TimeMs([&] {
+            QFile f(QString::fromUtf8(path));
+            f.open(QIODevice::ReadOnly);
+            benchmark::DoNotOptimize(f.readAll());
+        });
+        state.SetIterationTime(ours / 1000.0);
+    }
+    state.counters["quillbox_ms"] = ours;
+    state.counters["plain_read_ms"] = readOnly;
+    state.counters["plain_read_settext_ms"] = stock;
+    state.counters["ratio_vs_read"] = ours / readOnly;
+    state.counters["ratio_vs_read_settext"] = ours / stock;
+    state.counters["peak_bytes_per_doc_byte"] = peak;
+}
+
+void BM_SaveFile(benchmark::State& state) {
+    const bool legacy = state.range(0) != 0;
+    EditorOnFrame host(1);
+    host.editor->SetText(CString(script()), 0);
+    QTemporaryDir dir;
+    const QByteArray out = dir.filePath("out.sql").toUtf8();
+    const CString text = host.editor->GetText();
+    double ours = 0, plain = 0;
+    for (auto _ : state) {
+        ours = TimeMs([&] { host.editor->SaveFile(out.constData(), legacy ? 0 : 1, false); });
+        plain = TimeMs([&] {
+            QFile f(QString::fromUtf8(out + ".plain"));
+            f.open(QIODevice::WriteOnly);
+            f.write(text.c_str(), text.GetLength());
+        });
+        state.SetIterationTime(ours / 1000.0);
+    }
+    state.counters["quillbox_ms"] = ours;
+    state.counters["plain_write_ms"] = plain;
+    state.counters["ratio"] = ours / plain;
+}
+}  // namespace
+
+BENCHMARK(BM_LoadFile)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(2);
+BENCHMARK(BM_SaveFile)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(2);
+
+int main(int argc, char** argv) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
