@@ -13,6 +13,7 @@
 #include "CKTRegistry.h"
 #include "CKTUtil.h"
 #include "CKTUtilTrace.h"
+#include "CommandIds.h"
 #include "Resources.h"
 #include "System.h"
 
@@ -72,6 +73,7 @@ int CKTScinWnd::Create(const char* name, DWORD style, const RECT& rect, CWnd* pa
         }
         return 0;
     }
+    accelerators = LoadAccelerators(IDR_EDITOR_ACCELERATORS);
     ModifyStyle(0, WS_CLIPCHILDREN);
     initScintilla();
     SetEncoding(CodePageForLanguage(GetSystemDefaultLangID()));
@@ -264,4 +266,66 @@ BOOL CKTScinWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
     }
     if (result) *result = 1;
     return TRUE;
+}
+
+bool CKTScinWnd::IsKeyMessage(const MSG* msg) { return msg && msg->message >= WM_KEYFIRST && msg->message <= WM_KEYLAST; }
+
+BOOL CKTScinWnd::PreTranslateMessage(MSG* msg) {
+    if (IsKeyMessage(msg) && accelerators && TranslateAccelerator(this, accelerators, msg)) return TRUE;
+    return CScintillaWnd::PreTranslateMessage(msg);
+}
+
+BOOL CKTScinWnd::IsAcceleratorKey(const MSG* msg) const {
+    return IsKeyMessage(msg) && FindAccelerator(accelerators, msg) != 0;
+}
+
+const MessageMap* CKTScinWnd::GetMessageMap() const { return GetThisMessageMap(); }
+
+namespace {
+using SimpleCommand = void (CScintillaWnd::*)();
+struct CommandRow {
+    UINT id;
+    SimpleCommand member;
+};
+
+// The commands that are one call of the editor window; filled by GetThisMessageMap, which
+// may name the protected members.
+std::vector<CommandRow>& simpleCommands() {
+    static std::vector<CommandRow> rows;
+    return rows;
+}
+
+LRESULT runSimpleCommand(CWnd* window, WPARAM wParam, LPARAM) {
+    for (const CommandRow& row : simpleCommands())
+        if (row.id == LOWORD(wParam)) (static_cast<CScintillaWnd*>(window)->*row.member)();
+    return 0;
+}
+}  // namespace
+
+const MessageMap* CKTScinWnd::GetThisMessageMap() {
+    static const std::vector<MessageMapEntry> entries = [] {
+        using C = CKTScinWnd;
+        simpleCommands() = {
+            {cmd::EditClear, &C::ClearContent},     {cmd::EditCut, &C::Cut},
+            {cmd::EditCopy, &C::Copy},              {cmd::EditPaste, &C::Paste},
+            {cmd::EditUndo, &C::Undo},              {cmd::EditRedo, &C::Redo},
+            {cmd::EditSelectAll, &C::SelectAll},    {cmd::DeleteChar, &C::Clear},
+            {cmd::DeleteBack, &C::DeleteBack},      {cmd::DeleteWordRight, &C::DelWordRight},
+            {cmd::DeleteWordLeft, &C::DelCtrlBack}, {cmd::Left, &C::Left},
+            {cmd::Right, &C::Right},                {cmd::LeftWord, &C::LeftWord},
+            {cmd::RightWord, &C::RightWord},        {cmd::Up, &C::Up},
+            {cmd::Down, &C::Down},                  {cmd::ScrollUp, &C::UpScroll},
+            {cmd::ScrollDown, &C::DownScroll},      {cmd::PageUp, &C::PageUp},
+            {cmd::PageDown, &C::PageDown},          {cmd::LineEnd, &C::LineEnd},
+            {cmd::LineHead, &C::LineHead},          {cmd::EditorHead, &C::PageHead},
+            {cmd::EditorEnd, &C::PageEnd},          {cmd::LowerCase, &C::LowerCase},
+            {cmd::UpperCase, &C::UpperCase},        {cmd::Capitalize, &C::Capitalize},
+            {cmd::Sentencize, &C::Sentencize},      {cmd::InvertCase, &C::Invertcase},
+        };
+        std::vector<MessageMapEntry> list;
+        for (const CommandRow& row : simpleCommands()) list.push_back({WM_COMMAND, row.id, runSimpleCommand});
+        return list;
+    }();
+    static const MessageMap map{CScintillaWnd::GetThisMessageMap(), entries.data(), entries.size()};
+    return &map;
 }

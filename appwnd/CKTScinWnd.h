@@ -4,6 +4,7 @@
 // clipboard reads, and the routing of the engine's notifications.
 #include <vector>
 
+#include "Accelerators.h"
 #include "CScintillaWnd.h"
 
 struct CCreateContext;
@@ -61,11 +62,17 @@ public:
     void DeleteSelection() { Clear(); }
 
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+    BOOL PreTranslateMessage(MSG* msg) override;
+    BOOL IsAcceleratorKey(const MSG* msg) const override;
 
     // The system's window colour, the default background of an editable window.
     static COLORREF SystemWindowColour();
 
 protected:
+    const MessageMap* GetMessageMap() const override;
+    static const MessageMap* GetThisMessageMap();
+    static bool IsKeyMessage(const MSG* msg);
+
     void setForegroundColor(EM_ColorIndex index, unsigned long colour);
     void refreshHScrollSize(int samples);
     void traceEntry(const char* where, int sourceLine) const;
@@ -76,4 +83,5 @@ protected:
     int fileBackup = 0;
     CString defaultPath;
     CString saveAsPath;
+    HACCEL accelerators = nullptr;
 };

@@ -309,7 +309,29 @@ void QuillEngine::deliver(SCNotification& record) {
     }
 }
 
+namespace {
+// The key message of a Qt key event; the keypad's minus has a key code of its own.
+MSG keyMessage(QWidget* window, QKeyEvent* e) {
+    MSG msg;
+    msg.hwnd = window;
+    msg.message = WM_KEYDOWN;
+    msg.wParam = (e->key() == Qt::Key_Minus && (e->modifiers() & Qt::KeypadModifier)) ? VK_SUBTRACT
+                                                                                       : VirtualKeyFromQtKey(e->key());
+    msg.event = e;
+    return msg;
+}
+}  // namespace
+
 bool QuillEngine::event(QEvent* e) {
+    if (e->type() == QEvent::ShortcutOverride && owner_) {
+        // A key the window translates itself must reach it before any shortcut of the host.
+        MSG msg = keyMessage(this, static_cast<QKeyEvent*>(e));
+        for (CWnd* w = owner_; w; w = w->GetParent())
+            if (w->IsAcceleratorKey(&msg)) {
+                e->accept();
+                return true;
+            }
+    }
     const bool handled = QsciScintillaBase::event(e);
     if (pending_.active) flushPendingChange();
     return handled;
@@ -317,11 +339,7 @@ bool QuillEngine::event(QEvent* e) {
 
 void QuillEngine::keyPressEvent(QKeyEvent* e) {
     if (owner_) {
-        MSG msg;
-        msg.hwnd = this;
-        msg.message = WM_KEYDOWN;
-        msg.wParam = VirtualKeyFromQtKey(e->key());
-        msg.event = e;
+        MSG msg = keyMessage(this, e);
         if (owner_->PreTranslateTree(&msg)) {
             e->accept();
             return;

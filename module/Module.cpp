@@ -5,13 +5,17 @@
 #include <QCoreApplication>
 
 #include "CScintillaWnd.h"
+#include "CommandIds.h"
 #include "ModuleLanguage.h"
 #include "System.h"
 
 namespace {
 HINSTANCE engineHandle = nullptr;
 
-__attribute__((constructor)) void attachLibrary() { engineHandle = CScintillaWnd::LoadScintillaDll(nullptr); }
+__attribute__((constructor)) void attachLibrary() {
+    engineHandle = CScintillaWnd::LoadScintillaDll(nullptr);
+    RegisterLibraryAccelerators();
+}
 
 __attribute__((destructor)) void detachLibrary() {
     quillbox_module::ReleaseSatellite();

@@ -263,6 +263,8 @@ BOOL CWnd::OnNotify(WPARAM, LPARAM, LRESULT*) { return FALSE; }
 
 BOOL CWnd::PreTranslateMessage(MSG*) { return FALSE; }
 
+BOOL CWnd::IsAcceleratorKey(const MSG*) const { return FALSE; }
+
 LRESULT CWnd::DefWindowProc(UINT, WPARAM, LPARAM) { return 0; }
 
 LRESULT CWnd::Default() { return DefWindowProc(current_.message, current_.wParam, current_.lParam); }

@@ -83,6 +83,9 @@ public:
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
     virtual BOOL PreTranslateMessage(MSG* msg);
+    // Whether this window would translate the key message itself (an accelerator), so that a
+    // host's shortcut does not take the key first.
+    virtual BOOL IsAcceleratorKey(const MSG* msg) const;
 
 protected:
     // The window's default handling of a message that no map entry took. The base has none;
