@@ -7,6 +7,7 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/platform/WinTypes.h
   ${PROJECT_SOURCE_DIR}/platform/CString.h
   ${PROJECT_SOURCE_DIR}/platform/CWnd.h
+  ${PROJECT_SOURCE_DIR}/platform/Accelerators.h
   ${PROJECT_SOURCE_DIR}/platform/CDialog.h
   ${PROJECT_SOURCE_DIR}/platform/OleData.h
   ${PROJECT_SOURCE_DIR}/platform/KeyCodes.h

@@ -4,6 +4,7 @@
 #include "WinTypes.h"
 #include "CString.h"
 #include "CWnd.h"
+#include "Accelerators.h"
 #include "CDialog.h"
 #include "OleData.h"
 #include "KeyCodes.h"
