@@ -23,6 +23,9 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtil.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTTextFile.h
   ${PROJECT_SOURCE_DIR}/text/SString.h
+  ${PROJECT_SOURCE_DIR}/text/PropSet.h
+  ${PROJECT_SOURCE_DIR}/text/PropSetFile.h
+  ${PROJECT_SOURCE_DIR}/text/StyleDefinition.h
   ${PROJECT_SOURCE_DIR}/editor/CScintillaWnd.h
   ${PROJECT_SOURCE_DIR}/appwnd/CKTScinWnd.h
   ${PROJECT_SOURCE_DIR}/module/Quillbox.h)

@@ -163,7 +163,7 @@ void CScintillaWnd::initScintilla() {
         const int size = colon >= 0 ? atoi(fontSetting.Mid(colon + 1)) : 0;
         SetFont(name, (unsigned long)(size * 10));
     }
-    indentClosing = 0;  // "indent.closing" of the property file, once property files are read
+    indentClosing = props.GetInt("indent.closing", 0);
 
     static constexpr struct { long style; COLORREF colour; } kStyleColours[] = {
         {0, 0x000000}, {1, 0x009100}, {2, 0x009100}, {3, 0x009100}, {4, 0x0000FF}, {5, 0xFF0000},
@@ -257,8 +257,6 @@ int CScintillaWnd::DoDropText(COleDataObject* data, const CPoint&) {
     return 1;
 }
 
-void CScintillaWnd::ApplyProFile() {}
-void CScintillaWnd::SetKeywordStyle() {}
 void CScintillaWnd::HighLightingText() {}
 
 const MessageMap* CScintillaWnd::GetMessageMap() const { return GetThisMessageMap(); }

