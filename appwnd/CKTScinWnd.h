@@ -72,6 +72,7 @@ protected:
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
     static bool IsKeyMessage(const MSG* msg);
+    using CScintillaWnd::DoDropText;
 
     void setForegroundColor(EM_ColorIndex index, unsigned long colour);
     void refreshHScrollSize(int samples);

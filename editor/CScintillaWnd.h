@@ -3,6 +3,8 @@
 // window: the object talks to the engine by sending itself messages (SendEditor), all text and
 // caret state lives in the engine, and the object adds the steps that bring a fresh engine
 // window to a styled, ready editor, plus the text operations hosts and subclasses use.
+#include <string>
+
 #include "CString.h"
 #include "CWnd.h"
 #include "EngineTypes.h"
@@ -242,6 +244,14 @@ protected:
     void SetKeywordStyle();
     void RegisterKeyword();
     void SetSCILanguage(CString language);
+
+    // Comment commands: `comment` non-zero puts the line marker on every selected line, zero
+    // takes it off; the box wraps the lines in start, middle and end marks. Markers come from
+    // the property file; with none, nothing changes. Each is one undo step; both return 1.
+    int StartBlockComment(int comment);
+    int StartBoxComment();
+    CString commentProperty(const char* keyPrefix);
+    std::string bytesAt(long position, long length);
 
     // Filled by the marks layer; until then it does nothing.
     virtual void HighLightingText();

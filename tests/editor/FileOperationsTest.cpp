@@ -38,7 +38,7 @@ TEST_F(FileTest, LoadingLeavesNothingToUndoAndTheCaretAtTheStart) {
 }
 
 TEST_F(FileTest, AFileThatDoesNotDecodeLeavesTheDocumentAlone) {
-    writeAll(path("bad.sql"), QByteArray("select '\xff\xfe\x80' from t", 22));
+    writeAll(path("bad.sql"), QByteArray("select '\x80\xff\x81' from t"));  // no code page fits
     load("keep me");
     send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>("!"));
     EXPECT_EQ(editor->LoadFile(local("bad.sql")), 0);

@@ -1,0 +1,1 @@
+// The file dialog is being written.

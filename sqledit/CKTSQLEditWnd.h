@@ -1,0 +1,62 @@
+#pragma once
+// CKTSQLEditWnd: the window in which the user writes SQL. It adds the SQL tool's keys (comment,
+// uncomment, copy as code, paste from code, format), the remembered code language, the
+// encoding of the script's file, saving through the file dialog, and a direct line to the
+// engine for completion lists.
+#include <cstdint>
+
+#include "CKTScinWnd.h"
+#include "CodeLanguages.h"
+
+// The encoding of the SQL window's file: -1 undecided (the file on disk decides), 0 ANSI,
+// 1 Unicode (UTF-8).
+enum EM_TesselEncoding { EncodingUndecided = -1, EncodingAnsi = 0, EncodingUnicode = 1 };
+
+class QUILLBOX_EXPORT CKTSQLEditWnd : public CKTScinWnd {
+public:
+    // The engine's direct call: the library's own link, so its extension messages apply.
+    using DirectFunction = long (*)(void* pointer, unsigned int message, std::uintptr_t wParam, std::intptr_t lParam);
+
+    static constexpr UINT kInsertTextMessage = 0xA475;
+
+    CKTSQLEditWnd();
+    ~CKTSQLEditWnd() override;
+
+    BOOL PreTranslateMessage(MSG* msg) override;
+    BOOL IsAcceleratorKey(const MSG* msg) const override;
+    void ApplyOptionOnRealtime() override;
+    bool Save(const char* startFolder) override;
+
+    EM_TesselEncoding GetEncoding() const { return encoding; }
+    void SetEncoding(EM_TesselEncoding value) { encoding = value; }
+    using CKTScinWnd::SetEncoding;
+    void GotoPosition(int position, bool selectWord);
+    using CKTScinWnd::GotoPosition;
+    EM_LangCode GetScriptLangCode() const { return scriptLangCode; }
+    int GetChangeCase() const { return changeCase; }
+    // Takes the engine's direct line again and sets the list separator "|".
+    void SetAutoCompletionEnv();
+
+protected:
+    int OnCreate();
+    void OnEditComment() { StartBlockComment(1); }
+    void OnEditUncomment() { StartBlockComment(0); }
+    LRESULT OnInsertText(WPARAM wParam, LPARAM lParam);
+    int DoDropText(COleDataObject* data, const CPoint& point) override;
+    virtual int DoDropAnother(COleDataObject* data, const CPoint& point);
+    void setScriptLangCode(EM_LangCode code);
+
+    const MessageMap* GetMessageMap() const override;
+    static const MessageMap* GetThisMessageMap();
+
+    EM_TesselEncoding encoding = EncodingUndecided;
+    EM_LangCode scriptLangCode = LangVb;
+    HACCEL sqlAccelerators = nullptr;
+    DirectFunction directFunction = nullptr;
+    void* directPointer = nullptr;
+    int changeCase = 0;  // case of completion lists: 1 upper, 2 lower, else as they come
+
+private:
+    void setOption();
+    void saveOption();
+};

@@ -1,0 +1,4 @@
+quillbox_unit_test(test_sqledit
+  LIBS quillbox
+  SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/sqledit/CommentTest.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/sqledit/SqlWindowTest.cpp)
