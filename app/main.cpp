@@ -1,27 +1,106 @@
 // quillbox: a host program of the Quillbox editor windows.
-//   quillbox edit FILE            open FILE in an editor window
-//   quillbox shot FILE -o OUT.png render the window offscreen and save a picture of it
+//   quillbox edit FILE                  open FILE in an editor window
+//   quillbox shot FILE -o OUT.png       render the window offscreen and save a picture of it
+//   quillbox code --lang LANGUAGE FILE  print the script as source code of LANGUAGE
+//   quillbox uncode --lang LANGUAGE FILE print the SQL that pasting FILE's code would give
+//   quillbox binds FILE                 list each bind variable with its line and column
+// The batch commands run a hidden SQL edit window and use its own commands.
 // With no display the program runs on the offscreen platform, says so, and writes a picture
 // of the window instead of showing it.
 #include <QApplication>
-#include <QFile>
+#include <QClipboard>
+#include <QFileDialog>
 #include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QLocale>
 #include <QPixmap>
 #include <QTranslator>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
-#include "CKTScinWnd.h"
+#include "BindScanner.h"
+#include "CKTSQLEditWnd.h"
+#include "CKTTextFile.h"
 
 namespace {
 int usage() {
     std::fprintf(stderr,
                  "usage: quillbox edit FILE\n"
-                 "       quillbox shot FILE -o OUT.png\n");
+                 "       quillbox shot FILE -o OUT.png\n"
+                 "       quillbox code --lang LANGUAGE FILE\n"
+                 "       quillbox uncode --lang LANGUAGE FILE\n"
+                 "       quillbox binds FILE\n"
+                 "LANGUAGE is one of:");
+    for (const CodeLanguage& language : CodeLanguages()) std::fprintf(stderr, " \"%s\"", language.storedName);
+    std::fprintf(stderr, "\n");
     return 2;
+}
+
+void printBytes(const QByteArray& bytes) { std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout); }
+
+// A hidden SQL edit window for the batch commands.
+class BatchWindow {
+public:
+    BatchWindow() {
+        frame_.CreateEx(0, "QuillboxFrame", "batch", 0, RECT{0, 0, 800, 600}, nullptr, 0);
+        ok_ = window_.Create("batch", WS_CHILD, RECT{0, 0, 800, 600}, &frame_, 1) != 0;
+    }
+    bool ok() const { return ok_; }
+    CKTSQLEditWnd& window() { return window_; }
+
+private:
+    CWnd frame_;
+    CKTSQLEditWnd window_;
+    bool ok_ = false;
+};
+
+int runCode(const char* language, const char* file, bool toCode) {
+    BatchWindow batch;
+    CKTSQLEditWnd& w = batch.window();
+    if (!batch.ok() || !w.SelectCodeLanguage(language)) return usage();
+    if (toCode) {
+        if (!w.LoadFile(file)) {
+            std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, w.GetLastFileError().c_str());
+            return 1;
+        }
+        w.SendMessage(SCI_SELECTALL);
+        QGuiApplication::clipboard()->clear();
+        w.OnMakeCode();
+        printBytes(QGuiApplication::clipboard()->text().toUtf8());
+        return 0;
+    }
+    CKTTextFileRead reader(file);
+    CString source;
+    if (!reader.IsOpen() || !reader.Read(source, "\r\n")) {
+        std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, reader.GetErrorText().c_str());
+        return 1;
+    }
+    QGuiApplication::clipboard()->setText(source.toQString());
+    w.OnStripCode();
+    printBytes(QByteArray(w.GetText().c_str()));
+    return 0;
+}
+
+int runBinds(const char* file) {
+    BatchWindow batch;
+    CKTSQLEditWnd& w = batch.window();
+    if (!batch.ok()) return 1;
+    if (!w.LoadFile(file)) {
+        std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, w.GetLastFileError().c_str());
+        return 1;
+    }
+    // Line by line, as the copy does: a literal or comment never spans the scan of a line.
+    for (int line = 0; line < w.GetLineCount(); ++line) {
+        const CString text = w.GetLineChars(line);
+        int start = 0, end = 0;
+        for (int from = 0; start = from, FindBindPosition(text, start, end); from = std::max(end, start + 1))
+            std::printf("%d:%d\t%s\n", line + 1, start + 1, text.Mid(start, end - start).c_str());
+    }
+    return 0;
 }
 
 bool hasDisplay() {
@@ -31,26 +110,42 @@ bool hasDisplay() {
            (std::getenv("WAYLAND_DISPLAY") && *std::getenv("WAYLAND_DISPLAY"));
 }
 
-// The editor window the program hosts: an application editor window in the main window.
+// The editor the program hosts: an SQL edit window in the main window, with a File menu
+// that opens a script and saves it through the window's own Save.
 class EditorHost {
 public:
     EditorHost() {
         window_.resize(900, 600);
         frame_ = CWnd::FromWidget(&window_);
+        AfxSetMainWnd(frame_);
+        QMenu* file = window_.menuBar()->addMenu(QCoreApplication::translate("QuillboxApp", "&File"));
+        file->addAction(QCoreApplication::translate("QuillboxApp", "&Open..."), QKeySequence::Open, [this] {
+            const QString path = QFileDialog::getOpenFileName(&window_, QString(), QString(),
+                                                              QCoreApplication::translate("QuillboxApp", "SQL Files (*.sql);;All Files (*)"));
+            if (!path.isEmpty()) open(path.toUtf8().constData());
+        });
+        file->addAction(QCoreApplication::translate("QuillboxApp", "&Save"), QKeySequence::Save, [this] { editor_.Save(nullptr); });
+        file->addSeparator();
+        file->addAction(QCoreApplication::translate("QuillboxApp", "&Quit"), QKeySequence::Quit, [this] { window_.close(); });
     }
 
-    bool open(const char* path) {
+    bool create() {
         RECT rect{0, 0, window_.width(), window_.height()};
         if (!editor_.Create("editor", WS_CHILD | WS_VISIBLE, rect, frame_, 100)) {
             std::fprintf(stderr, "quillbox: the editor window could not be made\n");
             return false;
         }
         window_.setCentralWidget(editor_.GetSafeHwnd());
-        window_.setWindowTitle(QCoreApplication::translate("QuillboxApp", "Quillbox - %1").arg(QString::fromLocal8Bit(path)));
+        return true;
+    }
+
+    bool open(const char* path) {
         if (!editor_.LoadFile(path)) {
             std::fprintf(stderr, "quillbox: cannot open %s: %s\n", path, editor_.GetLastFileError().c_str());
             return false;
         }
+        editor_.SetFilePath(path);
+        window_.setWindowTitle(QCoreApplication::translate("QuillboxApp", "Quillbox - %1").arg(QString::fromUtf8(path)));
         return true;
     }
 
@@ -59,7 +154,7 @@ public:
 private:
     QMainWindow window_;
     CWnd* frame_ = nullptr;
-    CKTScinWnd editor_;
+    CKTSQLEditWnd editor_;
 };
 
 bool savePicture(QWidget& window, const char* out) {
@@ -77,6 +172,13 @@ bool savePicture(QWidget& window, const char* out) {
 int main(int argc, char** argv) {
     if (argc < 3) return usage();
     const std::string command = argv[1];
+    if (command == "code" || command == "uncode" || command == "binds") {
+        setenv("QT_QPA_PLATFORM", "offscreen", 0);  // batch commands show nothing
+        QApplication app(argc, argv);
+        if (command == "binds") return runBinds(argv[2]);
+        if (argc < 5 || std::strcmp(argv[2], "--lang") != 0) return usage();
+        return runCode(argv[3], argv[4], command == "code");
+    }
     const char* file = argv[2];
     const char* picture = nullptr;
     for (int i = 3; i + 1 < argc; ++i)
@@ -99,7 +201,7 @@ int main(int argc, char** argv) {
     if (programStrings.load(QCoreApplication::applicationDirPath() + "/" + language + "/quillbox.qm"))
         QCoreApplication::installTranslator(&programStrings);
     EditorHost host;
-    if (!host.open(file)) return 1;
+    if (!host.create() || !host.open(file)) return 1;
     if (offscreen) return savePicture(host.window(), picture) ? 0 : 1;
     host.window().show();
     return app.exec();

@@ -1,5 +1,6 @@
 #include "CWnd.h"
 
+#include <QAction>
 #include <QMetaObject>
 #include <algorithm>
 #include <QVariant>
@@ -227,7 +228,9 @@ const MessageMapEntry* CWnd::findEntry(UINT message, UINT id) const {
     for (const MessageMap* map = GetMessageMap(); map; map = map->base)
         for (std::size_t i = 0; i < map->count; ++i) {
             const MessageMapEntry& e = map->entries[i];
-            if (e.message == message && (message != WM_COMMAND || e.id == id)) return &e;
+            // Command entries and update entries name their command; others take any id.
+            const bool byId = message == WM_COMMAND || message == WM_UPDATE_COMMAND_UI;
+            if (e.message == message && (!byId || e.id == id)) return &e;
         }
     return nullptr;
 }
@@ -260,6 +263,26 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 BOOL CWnd::OnNotify(WPARAM, LPARAM, LRESULT*) { return FALSE; }
+
+BOOL CWnd::UpdateCommandUI(UINT id, CCmdUI* ui) {
+    const MessageMapEntry* e = findEntry(WM_UPDATE_COMMAND_UI, id);
+    if (!e || !ui) return FALSE;
+    e->handler(this, id, reinterpret_cast<LPARAM>(ui));
+    return TRUE;
+}
+
+void CCmdUI::Enable(BOOL on) {
+    enabled_ = on != FALSE;
+    if (action_) action_->setEnabled(enabled_);
+}
+
+void CCmdUI::SetCheck(int check) {
+    checked_ = check;
+    if (action_) {
+        action_->setCheckable(true);
+        action_->setChecked(check != 0);
+    }
+}
 
 BOOL CWnd::PreTranslateMessage(MSG*) { return FALSE; }
 

@@ -11,6 +11,32 @@
 #include "WinTypes.h"
 
 class CWnd;
+class QAction;
+
+// The state of one command's user-interface item (a menu entry or a toolbar button), as an
+// update handler sets it.
+class QUILLBOX_EXPORT CCmdUI {
+public:
+    explicit CCmdUI(UINT id = 0, QAction* action = nullptr) : m_nID(id), action_(action) {}
+    virtual ~CCmdUI() = default;
+    virtual void Enable(BOOL on = TRUE);
+    virtual void SetCheck(int check = 1);
+    bool IsEnabled() const { return enabled_; }
+    int GetCheck() const { return checked_; }
+
+    UINT m_nID;
+    int m_nIndex = 0;
+    int m_nIndexMax = 0;
+
+private:
+    QAction* action_;
+    bool enabled_ = true;
+    int checked_ = 0;
+};
+
+// The pseudo message of update handlers in a message map: the entry's id is the command's,
+// lParam points to the CCmdUI.
+constexpr UINT WM_UPDATE_COMMAND_UI = 0x0363;
 
 // A handler of a message map: `self` is the window the message was sent to.
 using MessageHandler = LRESULT (*)(CWnd* self, WPARAM wParam, LPARAM lParam);
@@ -81,6 +107,8 @@ public:
 
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    // Runs the update handler of a command; FALSE when the window has none for it.
+    BOOL UpdateCommandUI(UINT id, CCmdUI* ui);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
     virtual BOOL PreTranslateMessage(MSG* msg);
     // Whether this window would translate the key message itself (an accelerator), so that a

@@ -17,6 +17,10 @@ StringTable& table() {
         auto* t = new StringTable;
         // The library's own strings. Translations key on these texts (context "Quillbox").
         t->source = {
+            {1016, QT_TRANSLATE_NOOP("Quillbox", "Failed to save file")},
+            {1017, QT_TRANSLATE_NOOP("Quillbox", "SQL Files (*.sql)|*.sql|Text files (*.txt)|*.txt|All Files (*.*)|*.*||")},
+            {1018, QT_TRANSLATE_NOOP("Quillbox", "ANSI")},
+            {1019, QT_TRANSLATE_NOOP("Quillbox", "Unicode")},
             {8200, QT_TRANSLATE_NOOP("Quillbox", "Can not start printer document.")},
             {8201, QT_TRANSLATE_NOOP("Quillbox", "Cannot transform text line end due to lack of memory")},
             {8202, QT_TRANSLATE_NOOP("Quillbox", "Cannot transform text line end")},

@@ -1,9 +1,17 @@
 #include "CKTSQLEditWnd.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <vector>
 #include <QGuiApplication>
 
+#include "CFileDialogEx.h"
 #include "CKTRegistry.h"
+#include "CopyAsCode.h"
+#include "PasteFromCode.h"
+#include "CKTUtil.h"
+#include "MessageBox.h"
 #include "CommandIds.h"
 #include "QuillEngine.h"
 
@@ -85,6 +93,52 @@ LRESULT CKTSQLEditWnd::OnInsertText(WPARAM wParam, LPARAM) {
     return 0;
 }
 
+void CKTSQLEditWnd::OnMakeCode() {
+    if (FindCodeLanguage(scriptLangCode) == nullptr) return;
+    CPoint from(0, 0), to;
+    if (IsSelection()) {
+        GetSelection(from, to);
+    } else {
+        to.y = GetLineCount() - 1;
+        to.x = int(SendEditor(SCI_LINELENGTH, WPARAM(to.y)));
+    }
+    const CString code = MakeCode(scriptLangCode, GetText(from, to));
+    if (!code.IsEmpty()) PutToClipboard(code);
+}
+
+void CKTSQLEditWnd::OnUpdateMakeCode(CCmdUI* ui) {
+    if (ui) ui->Enable(SendEditor(SCI_GETLENGTH) > 0 && IsSelection());
+}
+
+void CKTSQLEditWnd::OnStripCode() {
+    CString clipboard, sql;
+    if (!GetFromClipboard(clipboard)) return;
+    if (!PasteFromCode(scriptLangCode, clipboard, sql)) return;
+    SendEditor(SCI_BEGINUNDOACTION);
+    PasteText(sql);
+    SendEditor(SCI_ENDUNDOACTION);
+}
+
+void CKTSQLEditWnd::OnUpdateStripCode(CCmdUI* ui) {
+    if (ui) ui->Enable(IsTextInClipboard());
+}
+
+void CKTSQLEditWnd::OnCopyTo(UINT commandId) {
+    if (const CodeLanguage* language = FindCodeLanguageByCommand(commandId)) setScriptLangCode(language->code);
+}
+
+void CKTSQLEditWnd::OnUpdateCopyTo(UINT commandId, CCmdUI* ui) {
+    const CodeLanguage* language = FindCodeLanguageByCommand(commandId);
+    if (ui && language) ui->SetCheck(language->code == scriptLangCode ? 1 : 0);
+}
+
+bool CKTSQLEditWnd::SelectCodeLanguage(const char* storedName) {
+    EM_LangCode code = scriptLangCode;
+    if (!storedName || !LangCodeFromStoredName(storedName, code)) return false;
+    setScriptLangCode(code);
+    return true;
+}
+
 int CKTSQLEditWnd::DoDropAnother(COleDataObject*, const CPoint&) { return 0; }
 
 int CKTSQLEditWnd::DoDropText(COleDataObject* data, const CPoint& point) {
@@ -94,12 +148,66 @@ int CKTSQLEditWnd::DoDropText(COleDataObject* data, const CPoint& point) {
     return 1;
 }
 
-bool CKTSQLEditWnd::Save(const char*) { return false; }
+namespace {
+constexpr UINT kSaveFailedString = 1016;
+constexpr UINT kSaveFilterString = 1017;
+constexpr UINT kAnsiString = 1018;
+constexpr UINT kUnicodeString = 1019;
+constexpr unsigned long kSaveDialogFlags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_LONGNAMES;
+
+// The wait cursor for the length of a write.
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+};
+}  // namespace
+
+bool CKTSQLEditWnd::Save(const char* startFolder) {
+    if (!fileFolder.IsEmpty()) {
+        // A named window writes at once, in the encoding it has (-1: the file decides).
+        if (SaveFile(GetFilePath(), int(encoding))) return true;
+        CKTResChange resources(nullptr);
+        AfxMessageBox(kSaveFailedString, MB_ICONSTOP, 0);
+        return false;
+    }
+    const int dot = fileName.ReverseFind('.');
+    const CString extension = dot >= 0 ? fileName.Mid(dot + 1) : CString();
+    CKTResChange resources(nullptr);
+    CString filter, ansi, unicode;
+    filter.LoadString(kSaveFilterString);
+    ansi.LoadString(kAnsiString);
+    unicode.LoadString(kUnicodeString);
+    resources.Restore();
+
+    CFileDialogEx dialog(0, extension, fileName, kSaveDialogFlags, filter, this, 0, 0);
+    dialog.MultySubtype(true);
+    for (int fileType = 0; fileType < 3; ++fileType) {
+        dialog.AddSubType(fileType, ansi, 0);
+        dialog.AddSubType(fileType, unicode, 0);
+    }
+    dialog.SetShowIndex(0);
+    if (startFolder) dialog.GetOFN().lpstrInitialDir = startFolder;
+    if (dialog.DoModal() != IDOK) return false;
+
+    WaitCursor wait;
+    const CString path = dialog.GetPathName();
+    encoding = dialog.GetSubIndex() == 0 ? EncodingAnsi : EncodingUnicode;
+    if (!SaveFile(path, int(encoding))) {
+        AfxMessageBox(kSaveFailedString, MB_ICONSTOP, 0);
+        return false;
+    }
+    fileName = dialog.GetFileName();
+    const int cut = path.GetLength() - fileName.GetLength() - 1;
+    fileFolder = cut > 0 ? path.Left(cut) : CString();
+    return true;
+}
 
 const MessageMap* CKTSQLEditWnd::GetMessageMap() const { return GetThisMessageMap(); }
 
 const MessageMap* CKTSQLEditWnd::GetThisMessageMap() {
-    static const MessageMapEntry entries[] = {
+    static const std::vector<MessageMapEntry> entries = [] {
+        std::vector<MessageMapEntry> list = {
         {WM_CREATE, 0, [](CWnd* w, WPARAM, LPARAM) -> LRESULT { return static_cast<CKTSQLEditWnd*>(w)->OnCreate(); }},
         {WM_COMMAND, cmd::Comment,
          [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
@@ -115,7 +223,42 @@ const MessageMap* CKTSQLEditWnd::GetThisMessageMap() {
          [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
              return static_cast<CKTSQLEditWnd*>(w)->OnInsertText(wParam, lParam);
          }},
-    };
-    static const MessageMap map{CKTScinWnd::GetThisMessageMap(), entries, std::size(entries)};
+        {WM_COMMAND, cmd::MakeCode,
+         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
+             static_cast<CKTSQLEditWnd*>(w)->OnMakeCode();
+             return 0;
+         }},
+        {WM_UPDATE_COMMAND_UI, cmd::MakeCode,
+         [](CWnd* w, WPARAM, LPARAM ui) -> LRESULT {
+             static_cast<CKTSQLEditWnd*>(w)->OnUpdateMakeCode(reinterpret_cast<CCmdUI*>(ui));
+             return 0;
+         }},
+        {WM_COMMAND, cmd::StripCode,
+         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
+             static_cast<CKTSQLEditWnd*>(w)->OnStripCode();
+             return 0;
+         }},
+        {WM_UPDATE_COMMAND_UI, cmd::StripCode,
+         [](CWnd* w, WPARAM, LPARAM ui) -> LRESULT {
+             static_cast<CKTSQLEditWnd*>(w)->OnUpdateStripCode(reinterpret_cast<CCmdUI*>(ui));
+             return 0;
+         }},
+        };
+        // Both menus' language entries choose the same language.
+        for (const CodeLanguage& language : CodeLanguages())
+            for (UINT id : {language.copyMenuId, language.pasteMenuId}) {
+                list.push_back({WM_COMMAND, id, [](CWnd* w, WPARAM wParam, LPARAM) -> LRESULT {
+                                    static_cast<CKTSQLEditWnd*>(w)->OnCopyTo(LOWORD(wParam));
+                                    return 0;
+                                }});
+                list.push_back({WM_UPDATE_COMMAND_UI, id, [](CWnd* w, WPARAM wParam, LPARAM ui) -> LRESULT {
+                                    static_cast<CKTSQLEditWnd*>(w)->OnUpdateCopyTo(UINT(wParam),
+                                                                                   reinterpret_cast<CCmdUI*>(ui));
+                                    return 0;
+                                }});
+            }
+        return list;
+    }();
+    static const MessageMap map{CKTScinWnd::GetThisMessageMap(), entries.data(), entries.size()};
     return &map;
 }

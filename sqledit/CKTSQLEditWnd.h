@@ -37,6 +37,20 @@ public:
     // Takes the engine's direct line again and sets the list separator "|".
     void SetAutoCompletionEnv();
 
+    // Copy as code: the selection (or, called directly, the whole script) goes to the
+    // clipboard as source code of the selected code language.
+    void OnMakeCode();
+    void OnUpdateMakeCode(CCmdUI* ui);
+    // Paste from code: source code on the clipboard replaces the selection as SQL, in one
+    // undo step.
+    void OnStripCode();
+    void OnUpdateStripCode(CCmdUI* ui);
+    // The language commands of the copy and paste menus choose and remember a language.
+    void OnCopyTo(UINT commandId);
+    void OnUpdateCopyTo(UINT commandId, CCmdUI* ui);
+    // Chooses the code language by its stored name ("Java", "C#", ...); false for none.
+    bool SelectCodeLanguage(const char* storedName);
+
 protected:
     int OnCreate();
     void OnEditComment() { StartBlockComment(1); }

@@ -1,4 +1,6 @@
 quillbox_unit_test(test_sqledit
   LIBS quillbox
   SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/sqledit/CommentTest.cpp
-          ${CMAKE_CURRENT_SOURCE_DIR}/sqledit/SqlWindowTest.cpp)
+          ${CMAKE_CURRENT_SOURCE_DIR}/sqledit/SqlWindowTest.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/sqledit/SaveTest.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/sqledit/CodeCommandsTest.cpp)

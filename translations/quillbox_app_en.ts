@@ -7,5 +7,25 @@
         <source>Quillbox - %1</source>
         <translation>Quillbox - %1</translation>
     </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>&amp;Open...</translation>
+    </message>
+    <message>
+        <source>SQL Files (*.sql);;All Files (*)</source>
+        <translation>SQL Files (*.sql);;All Files (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quit</translation>
+    </message>
 </context>
 </TS>

@@ -7,5 +7,25 @@
         <source>Quillbox - %1</source>
         <translation>Quillbox - %1</translation>
     </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>파일(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>열기(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>SQL Files (*.sql);;All Files (*)</source>
+        <translation>SQL 파일 (*.sql);;모든 파일 (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>저장(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>끝내기(&amp;Q)</translation>
+    </message>
 </context>
 </TS>

@@ -39,5 +39,41 @@ Windows[시작 - Tessel - Tessel Launcher]로 실행하십시오.</translation>
         <source>Run Tessel Launcher</source>
         <translation>Tessel Launcher 실행</translation>
     </message>
+    <message>
+        <source>Failed to save file</source>
+        <translation>파일을 저장하지 못했습니다</translation>
+    </message>
+    <message>
+        <source>SQL Files (*.sql)|*.sql|Text files (*.txt)|*.txt|All Files (*.*)|*.*||</source>
+        <translation>SQL 파일 (*.sql)|*.sql|텍스트 파일 (*.txt)|*.txt|모든 파일 (*.*)|*.*||</translation>
+    </message>
+    <message>
+        <source>ANSI</source>
+        <translation>ANSI</translation>
+    </message>
+    <message>
+        <source>Unicode</source>
+        <translation>유니코드</translation>
+    </message>
+    <message>
+        <source>All Files</source>
+        <translation>모든 파일</translation>
+    </message>
+    <message>
+        <source>Encoding:</source>
+        <translation>인코딩:</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; does not exist.
+Check the path and try again.</source>
+        <translation>&quot;%1&quot; 폴더가 없습니다.
+경로를 확인하고 다시 시도하십시오.</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; was not found.
+Check the file name and try again.</source>
+        <translation>&quot;%1&quot; 파일을 찾을 수 없습니다.
+파일 이름을 확인하고 다시 시도하십시오.</translation>
+    </message>
 </context>
 </TS>

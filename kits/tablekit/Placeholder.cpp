@@ -1,1 +1,0 @@
-// The file dialog is being written.

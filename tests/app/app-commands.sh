@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# The quillbox program's batch commands: binds lists the sample's binds, and a script copied
+# as code and pasted back comes back byte for byte for a language that keeps it.
+set -euo pipefail
+quillbox=$1 source=$2 work=$3
+rm -rf "$work" && mkdir -p "$work"
+
+binds=$("$quillbox" binds "$source/samples/sample.sql")
+grep -q ':since' <<<"$binds" && grep -q ':order_id' <<<"$binds" || { echo "binds: $binds"; exit 1; }
+
+printf "select a \r\n  from t \r\n where b = 'x' \r\n" > "$work/script.sql"
+"$quillbox" code --lang "C/C++" "$work/script.sql" > "$work/script.cpp"
+head -c 20 "$work/script.cpp" | grep -q '^pszSQL = "select a' || { echo "code:"; cat "$work/script.cpp"; exit 1; }
+"$quillbox" uncode --lang "C/C++" "$work/script.cpp" > "$work/back.sql"
+cmp "$work/script.sql" "$work/back.sql" || { echo "the round trip changed the script"; od -c "$work/back.sql"; exit 1; }
+
+if "$quillbox" code --lang Cobol "$work/script.sql" >/dev/null 2>&1; then
+  echo "an unknown language was accepted"; exit 1
+fi
+echo "batch commands: ok"

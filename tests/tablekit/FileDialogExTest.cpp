@@ -1,0 +1,254 @@
+// The file dialog answered through its hook, as a person would answer it.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QWidget>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "CFileDialogEx.h"
+#include "MessageBox.h"
+
+namespace {
+// The widget dialog keeps its layout in the user's Qt settings when it closes; these tests
+// keep theirs apart. This runs before main, ahead of the first settings read.
+const bool settingsApart = [] {
+    const auto dir = std::filesystem::temp_directory_path() / "quillbox-tablekit-test-config";
+    return setenv("XDG_CONFIG_HOME", dir.string().c_str(), 1) == 0;
+}();
+
+const char* const kSqlFilter = "SQL Files (*.sql)|*.sql|Text files (*.txt)|*.txt|All Files (*.*)|*.*||";
+constexpr unsigned long kSaveFlags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_LONGNAMES;
+
+// Runs the dialog with `answer` as the person in front of it.
+int runWith(CFileDialogEx& dialog, FileDialogHook answer) {
+    FileDialogHook previous = SetFileDialogHook(std::move(answer));
+    const int result = dialog.DoModal();
+    SetFileDialogHook(std::move(previous));
+    return result;
+}
+
+QStringList items(const QComboBox* combo) {
+    QStringList texts;
+    for (int i = 0; combo && i < combo->count(); ++i) texts << combo->itemText(i);
+    return texts;
+}
+
+// Message boxes are collected instead of shown.
+struct MessageLog {
+    QStringList texts;
+    MessageBoxHook previous = SetMessageBoxHook([this](const char* text, const char*, UINT) {
+        texts << QString::fromUtf8(text);
+        return IDOK;
+    });
+    ~MessageLog() { SetMessageBoxHook(std::move(previous)); }
+};
+
+class FileDialogEx : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(settingsApart && folder.isValid()); }
+    QString path(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+    QTemporaryDir folder;
+    std::string folderUtf8 = folder.path().toStdString();
+};
+}  // namespace
+
+TEST_F(FileDialogEx, SubTypesFollowTheFileType) {
+    CFileDialogEx d(0, "sql", "script", kSaveFlags, kSqlFilter, nullptr);
+    d.MultySubtype(true);
+    d.AddSubType(1, "A", 0);
+    d.AddSubType(1, "B", 0);
+    d.AddSubType(2, "C", 0);
+    d.AddSubType(-1, "ignored", 0);
+    d.SetShowIndex(1);
+    d.GetOFN().lpstrInitialDir = folderUtf8.c_str();
+    const int result = runWith(d, [](CFileDialogEx& dlg) {
+        QComboBox* sub = dlg.subTypeCombo();
+        EXPECT_TRUE(items(sub).isEmpty());  // type 0 has no list: the row stays, with no choice
+        EXPECT_FALSE(sub->isHidden() || sub->isEnabled());
+        dlg.SelectFileType(2);
+        EXPECT_EQ(items(sub), QStringList({"C"}));
+        EXPECT_EQ(sub->currentIndex(), 0);  // the show index is past this list's end
+        dlg.fileDialog()->selectNameFilter("Text files (*.txt)");  // Qt's own call refills too
+        EXPECT_EQ(items(sub), QStringList({"A", "B"}));
+        EXPECT_EQ(sub->currentIndex(), 1);
+        EXPECT_FALSE(dlg.SelectFileType(3) || dlg.SelectFileType(-1) || dlg.SelectSubType(2));
+        EXPECT_TRUE(dlg.SelectSubType(0));
+        return IDOK;
+    });
+    ASSERT_EQ(result, IDOK);
+    EXPECT_EQ(d.GetFileTypeIndex(), 1);
+    EXPECT_EQ(d.GetSubIndex(), 0);
+    EXPECT_EQ(d.GetOFN().nFilterIndex, 2u);
+}
+
+TEST_F(FileDialogEx, SubTypeListsWithoutMultySubtypeOrWithNone) {
+    CFileDialogEx shared(0, "sql", "a", 0, kSqlFilter, nullptr);
+    shared.AddSubType(0, "ANSI", 0);
+    shared.AddSubType(2, "Unicode", 0);  // one common list: the type does not matter
+    shared.SetShowIndex(7);
+    shared.GetOFN().nFilterIndex = 3;
+    shared.GetOFN().lpstrInitialDir = folderUtf8.c_str();
+    ASSERT_EQ(runWith(shared, [](CFileDialogEx& dlg) {
+        EXPECT_EQ(items(dlg.subTypeCombo()), QStringList({"ANSI", "Unicode"}));
+        EXPECT_EQ(dlg.subTypeCombo()->currentIndex(), 0);
+        dlg.SelectSubType(1);
+        return IDOK;
+    }), IDOK);
+    EXPECT_EQ(shared.GetFileTypeIndex(), 2);
+    EXPECT_EQ(shared.GetSubIndex(), 1);
+
+    CFileDialogEx plain(0, "sql", "a", 0, kSqlFilter, nullptr);
+    plain.GetOFN().nFilterIndex = 99;  // out of range: the first type
+    plain.GetOFN().lpstrInitialDir = folderUtf8.c_str();
+    ASSERT_EQ(runWith(plain, [](CFileDialogEx& dlg) {
+        EXPECT_TRUE(dlg.subTypeCombo()->isHidden());  // looks like the plain dialog
+        return IDOK;
+    }), IDOK);
+    EXPECT_EQ(plain.GetFileTypeIndex(), 0);
+    EXPECT_EQ(plain.GetSubIndex(), 0);
+}
+
+TEST_F(FileDialogEx, ChosenPathNameAndSubIndexAsTheEditorSavesWithThem) {
+    CFileDialogEx d(0, ".sql", "query", kSaveFlags, kSqlFilter, nullptr);
+    d.MultySubtype(true);
+    for (int type = 0; type < 3; ++type) {
+        d.AddSubType(type, "ANSI", 0);
+        d.AddSubType(type, "Unicode", 0);
+    }
+    d.SetShowIndex(0);
+    d.GetOFN().lpstrInitialDir = folderUtf8.c_str();
+    // Accepting the proposal: the folder given, the default extension appended.
+    ASSERT_EQ(runWith(d, [](CFileDialogEx&) { return IDOK; }), IDOK);
+    EXPECT_EQ(d.GetPathName().toQString(), path("query.sql"));
+    EXPECT_EQ(d.GetFileName(), "query.sql");
+    EXPECT_EQ(d.GetSubIndex(), 0);
+
+    // Another name and type, "Unicode": a name with an extension keeps it.
+    ASSERT_EQ(runWith(d, [this](CFileDialogEx& dlg) {
+        dlg.SelectFileType(1);
+        dlg.EnterFileName(CString::fromQString(path("notes.txt")));
+        dlg.subTypeCombo()->setCurrentIndex(1);
+        return IDOK;
+    }), IDOK);
+    EXPECT_EQ(d.GetPathName().toQString(), path("notes.txt"));
+    EXPECT_EQ(d.GetFileName(), "notes.txt");
+    EXPECT_EQ(d.GetFileTypeIndex(), 1);
+    EXPECT_EQ(d.GetSubIndex(), 1);
+
+    // Cancel, or any answer but OK, leaves nothing chosen.
+    for (int answer : {IDCANCEL, 0, IDYES}) {
+        EXPECT_EQ(runWith(d, [answer](CFileDialogEx&) { return answer; }), IDCANCEL);
+        EXPECT_TRUE(d.GetPathName().IsEmpty() && d.GetFileName().IsEmpty());
+        EXPECT_EQ(d.GetSubIndex(), 0);
+    }
+    // Nobody to answer on the offscreen platform.
+    EXPECT_EQ(d.DoModal(), IDCANCEL);
+}
+
+TEST_F(FileDialogEx, LongAndUtf8NamesCrossAsUtf8) {
+    const char* folderName = "my scripts/\xEB\x8D\xB0\xEC\x9D\xB4\xED\x84\xB0 fichiers \xC3\xA9t\xC3\xA9";
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QString::fromUtf8(folderName)));
+    const std::string start = folderUtf8 + "/" + folderName;
+    const char* name = "\xEC\x8A\xA4\xED\x81\xAC\xEB\xA6\xBD\xED\x8A\xB8 1 (copy)";
+    CFileDialogEx d(0, "sql", name, kSaveFlags, kSqlFilter, nullptr);
+    d.GetOFN().lpstrInitialDir = start.c_str();
+    ASSERT_EQ(runWith(d, [](CFileDialogEx&) { return IDOK; }), IDOK);
+    EXPECT_EQ(d.GetPathName().str(), start + "/" + name + ".sql");
+    EXPECT_EQ(d.GetFileName().str(), std::string(name) + ".sql");
+}
+
+TEST_F(FileDialogEx, FlagsAskBeforeOverwritingAndRefuseMissingPlaces) {
+    CFileDialogEx d(0, "sql", "x", kSaveFlags, kSqlFilter, nullptr);
+    ASSERT_NE(d.fileDialog(), nullptr);
+    EXPECT_FALSE(d.fileDialog()->testOption(QFileDialog::DontConfirmOverwrite));
+    d.GetOFN().Flags = OFN_LONGNAMES;  // a change before DoModal counts
+    runWith(d, [](CFileDialogEx& dlg) {
+        EXPECT_TRUE(dlg.fileDialog()->testOption(QFileDialog::DontConfirmOverwrite));
+        return IDCANCEL;
+    });
+
+    // Without OFN_PATHMUSTEXIST any folder goes; with it a missing one is refused and said so.
+    const QString missing = path("missing/x.sql");
+    auto chooseMissing = [&](CFileDialogEx& dlg) {
+        dlg.EnterFileName(CString::fromQString(missing));
+        return IDOK;
+    };
+    EXPECT_EQ(runWith(d, chooseMissing), IDOK);
+    EXPECT_EQ(d.GetPathName().toQString(), missing);
+    d.GetOFN().Flags = kSaveFlags;
+    MessageLog log;
+    EXPECT_EQ(runWith(d, chooseMissing), IDCANCEL);
+    EXPECT_TRUE(d.GetPathName().IsEmpty());
+    ASSERT_EQ(log.texts.size(), 1);
+    EXPECT_TRUE(log.texts[0].contains(QDir::toNativeSeparators(path("missing"))));
+    // The dialog's own OK button refuses it too, and the dialog stays open.
+    runWith(d, [&](CFileDialogEx& dlg) {
+        chooseMissing(dlg);
+        static_cast<QDialog*>(dlg.fileDialog())->accept();  // the dialog's OK
+        EXPECT_NE(dlg.fileDialog()->result(), QDialog::Accepted);
+        return IDCANCEL;
+    });
+    EXPECT_EQ(log.texts.size(), 2);
+
+    // An open dialog with OFN_FILEMUSTEXIST takes only a file that is there.
+    QFile existing(path("there.sql"));
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    existing.close();
+    CFileDialogEx open(1, "sql", "absent", OFN_FILEMUSTEXIST, kSqlFilter, nullptr);
+    open.GetOFN().lpstrInitialDir = folderUtf8.c_str();
+    EXPECT_EQ(runWith(open, [](CFileDialogEx&) { return IDOK; }), IDCANCEL);
+    EXPECT_EQ(runWith(open, [&](CFileDialogEx& dlg) {
+        dlg.EnterFileName(CString::fromQString(existing.fileName()));
+        return IDOK;
+    }), IDOK);
+    EXPECT_EQ(open.GetFileName(), "there.sql");
+    EXPECT_EQ(log.texts.size(), 3);
+}
+
+TEST_F(FileDialogEx, ParentGoneBeforeTheDialogRuns) {
+    auto parent = std::make_unique<QWidget>();
+    CFileDialogEx d(0, "sql", "x", kSaveFlags, kSqlFilter, CWnd::FromWidget(parent.get()));
+    ASSERT_NE(d.fileDialog(), nullptr);
+    EXPECT_EQ(d.fileDialog()->parentWidget(), parent.get());
+    parent.reset();  // takes the dialog with it
+    EXPECT_EQ(d.fileDialog(), nullptr);
+    d.AddSubType(0, "ANSI", 0);
+    EXPECT_EQ(runWith(d, [](CFileDialogEx&) { return IDOK; }), IDCANCEL);
+}
+
+// Renders the dialog as the editor's save shows it, for a person to look at.
+TEST_F(FileDialogEx, RendersToPngWhenAsked) {
+    const char* shotDir = std::getenv("QUILLBOX_SHOT_DIR");
+    if (!shotDir || !*shotDir) GTEST_SKIP() << "QUILLBOX_SHOT_DIR not set";
+    for (const char* name : {"query1.sql", "report.sql", "notes.txt"}) {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    CFileDialogEx d(0, "sql", "query2", kSaveFlags, kSqlFilter, nullptr);
+    d.MultySubtype(true);
+    for (int type = 0; type < 3; ++type) {
+        d.AddSubType(type, "ANSI", 0);
+        d.AddSubType(type, "Unicode", 0);
+    }
+    d.GetOFN().lpstrInitialDir = folderUtf8.c_str();
+    const QString out = QDir(QString::fromUtf8(shotDir)).filePath("tablekit-file-dialog.png");
+    runWith(d, [&](CFileDialogEx& dlg) {
+        QFileDialog* qt = dlg.fileDialog();
+        qt->resize(760, 460);
+        qt->show();
+        for (int i = 0; i < 20; ++i) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        const QImage shot = qt->grab().toImage();
+        EXPECT_FALSE(shot.isNull());
+        EXPECT_TRUE(QDir().mkpath(QString::fromUtf8(shotDir)) && shot.save(out));
+        return IDCANCEL;
+    });
+}
