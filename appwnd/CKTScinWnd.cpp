@@ -321,6 +321,7 @@ const MessageMap* CKTScinWnd::GetThisMessageMap() {
             {cmd::EditorEnd, &C::PageEnd},          {cmd::LowerCase, &C::LowerCase},
             {cmd::UpperCase, &C::UpperCase},        {cmd::Capitalize, &C::Capitalize},
             {cmd::Sentencize, &C::Sentencize},      {cmd::InvertCase, &C::Invertcase},
+            {cmd::GotoLine, static_cast<void (CScintillaWnd::*)()>(&C::GotoLine)},
         };
         std::vector<MessageMapEntry> list;
         for (const CommandRow& row : simpleCommands()) list.push_back({WM_COMMAND, row.id, runSimpleCommand});

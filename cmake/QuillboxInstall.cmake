@@ -28,6 +28,10 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/text/StyleDefinition.h
   ${PROJECT_SOURCE_DIR}/editor/CScintillaWnd.h
   ${PROJECT_SOURCE_DIR}/appwnd/CKTScinWnd.h
+  ${PROJECT_SOURCE_DIR}/sqledit/CKTSQLEditWnd.h
+  ${PROJECT_SOURCE_DIR}/sqledit/CodeLanguages.h
+  ${PROJECT_SOURCE_DIR}/dialogs/CGotoDlg.h
+  ${PROJECT_SOURCE_DIR}/kits/tablekit/CFileDialogEx.h
   ${PROJECT_SOURCE_DIR}/module/Quillbox.h)
 
 install(TARGETS quillbox EXPORT QuillboxTargets

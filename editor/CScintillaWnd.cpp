@@ -6,6 +6,7 @@
 #include <dlfcn.h>
 #include <exception>
 
+#include "CGotoDlg.h"
 #include "CKTRegistry.h"
 #include "CKTUtilTrace.h"
 #include "MessageBox.h"
@@ -34,6 +35,15 @@ CScintillaWnd::CScintillaWnd() : logLevel(CKTUtilTrace::GetDebugLogLevel()) {
 }
 
 CScintillaWnd::~CScintillaWnd() { --m_nCntCreation; }
+
+void CScintillaWnd::GotoLine() {
+    if (!gotoDialog) {
+        gotoDialog = std::make_unique<CGotoDlg>(this);
+        gotoDialog->Create(CGotoDlg::IDD, this);
+    }
+    gotoDialog->ShowWindow(SW_SHOW);
+    if (QWidget* edit = gotoDialog->GetDlgItem(CGotoDlg::IDC_LINE_NUMBER)) edit->setFocus();
+}
 
 void CScintillaWnd::trace(const char* text, int sourceLine) const {
     if (logLevel >= 9) CKTUtilTrace::WriteLogFileInTemp("%s : ( %d )", text, sourceLine);

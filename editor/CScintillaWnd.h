@@ -3,6 +3,7 @@
 // window: the object talks to the engine by sending itself messages (SendEditor), all text and
 // caret state lives in the engine, and the object adds the steps that bring a fresh engine
 // window to a styled, ready editor, plus the text operations hosts and subclasses use.
+#include <memory>
 #include <string>
 
 #include "CString.h"
@@ -13,6 +14,7 @@
 #include "SString.h"
 #include "StyleDefinition.h"
 
+class CGotoDlg;
 class QuillEngine;
 
 class QUILLBOX_EXPORT CScintillaWnd : public CWnd {
@@ -132,6 +134,9 @@ public:
 
     // Caret and position. GetCurrentLine, GetCurrentColumn and GotoLine(int) count from 1.
     void GotoLine(int line);
+    // Shows the go-to-line dialog, made on first use and kept until the window goes.
+    void GotoLine();
+    CGotoDlg* GetGotoDialog() const { return gotoDialog.get(); }
     void GotoLineEnsureVisible(int line);
     virtual void GotoPosition(long position);
     virtual int GetCurrentLine();
@@ -303,6 +308,7 @@ protected:
     int searchFlags = 0;
     CString language = "sql";
     int ansiCodePage = 949;
+    std::unique_ptr<CGotoDlg> gotoDialog;
     CString lastFileError;
 
 private:

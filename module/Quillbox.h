@@ -25,3 +25,6 @@
 #include "StyleDefinition.h"
 #include "CScintillaWnd.h"
 #include "CKTScinWnd.h"
+#include "CKTSQLEditWnd.h"
+#include "CGotoDlg.h"
+#include "CFileDialogEx.h"

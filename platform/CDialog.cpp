@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QFontMetrics>
 #include <QGuiApplication>
+#include <QLineEdit>
 #include <mutex>
 
 namespace {
@@ -57,6 +58,16 @@ int CDialog::DoModal() {
     return result_;
 }
 
+BOOL CDialog::Create(UINT templateId, CWnd* parent) {
+    if (dialog_) return TRUE;
+    templateId_ = templateId;
+    if (parent) parent_ = parent;
+    ensureBuilt();
+    dialog_->setModal(false);
+    OnInitDialog();
+    return TRUE;
+}
+
 BOOL CDialog::OnInitDialog() {
     UpdateData(FALSE);
     return TRUE;
@@ -102,6 +113,18 @@ QSize CDialog::MapDialogSize(int width, int height) const {
 QRect CDialog::MapDialogRect(int x, int y, int width, int height) const {
     const QSize origin = MapDialogSize(x, y);
     return QRect(QPoint(origin.width(), origin.height()), MapDialogSize(width, height));
+}
+
+void DDX_Text(CDataExchange* exchange, int id, int& value) {
+    auto* edit = qobject_cast<QLineEdit*>(exchange->m_pDlgWnd->GetDlgItem(id));
+    if (!edit) return;
+    if (exchange->m_bSaveAndValidate) {
+        bool ok = false;
+        const int number = edit->text().trimmed().toInt(&ok);
+        value = ok ? number : 0;
+    } else {
+        edit->setText(QString::number(value));
+    }
 }
 
 void DDX_Check(CDataExchange* exchange, int id, int& value) {

@@ -28,6 +28,9 @@ public:
     ~CDialog() override;
 
     virtual int DoModal();
+    // Makes the dialog's window for modeless use (OnInitDialog runs once); show it with
+    // ShowWindow. OK and Cancel hide it.
+    BOOL Create(UINT templateId, CWnd* parent);
     virtual BOOL OnInitDialog();
     virtual void OnOK();
     virtual void OnCancel();
@@ -61,3 +64,5 @@ private:
 };
 
 QUILLBOX_EXPORT void DDX_Check(CDataExchange* exchange, int id, int& value);
+// A number in an edit control; an empty or unreadable field reads as 0.
+QUILLBOX_EXPORT void DDX_Text(CDataExchange* exchange, int id, int& value);

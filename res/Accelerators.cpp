@@ -35,6 +35,7 @@ AcceleratorTable editorTable() {
         {V, VK_END, cmd::LineEnd},       {V, VK_HOME, cmd::LineHead},
         {C, VK_HOME, cmd::EditorHead},   {C, VK_END, cmd::EditorEnd},
         {C, 'U', cmd::LowerCase},        {CS, 'U', cmd::UpperCase},
+        {C, 'G', cmd::GotoLine},
         {CS, 'C', cmd::MakeCode},        {CS, 'V', cmd::StripCode},
         {CS, 'F', cmd::FormatSql},
     };

@@ -28,6 +28,7 @@ constexpr UINT LineEnd = 8125;
 constexpr UINT LineHead = 8127;
 constexpr UINT EditorHead = 8129;
 constexpr UINT EditorEnd = 8131;
+constexpr UINT GotoLine = 8172;
 constexpr UINT LowerCase = 8167;
 constexpr UINT UpperCase = 8168;
 constexpr UINT Capitalize = 8169;

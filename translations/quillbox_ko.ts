@@ -75,5 +75,21 @@ Check the file name and try again.</source>
         <translation>&quot;%1&quot; 파일을 찾을 수 없습니다.
 파일 이름을 확인하고 다시 시도하십시오.</translation>
     </message>
+    <message>
+        <source>Go to Line</source>
+        <translation>줄로 이동</translation>
+    </message>
+    <message>
+        <source>&amp;Line number:</source>
+        <translation>줄 번호(&amp;L):</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>확인(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>취소(&amp;C)</translation>
+    </message>
 </context>
 </TS>
