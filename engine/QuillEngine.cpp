@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 #include "CWnd.h"
@@ -84,10 +85,8 @@ long QuillEngine::send(UINT message, WPARAM wParam, LPARAM lParam) {
         case SCI_LOWERCASE: result = changeCase(kCaseLower); break;
         case SCI_SETMODEVENTMASK: setModEventMask(long(wParam)); result = 0; break;
         case SCI_GETMODEVENTMASK: result = hostMask_; break;
-        case SCI_SHOWLIST_EXT:
-            result = lParam ? direct(SCI_AUTOCSHOW, wParam, lParam) : 0;
-            break;
-        case SCI_APPENDLIST_EXT: result = 0; break;  // lists come with object completion
+        case SCI_SHOWLIST_EXT: result = showList(wParam, reinterpret_cast<const char*>(lParam)); break;
+        case SCI_APPENDLIST_EXT: result = appendToList(reinterpret_cast<const char*>(lParam)); break;
         default: result = direct(message, wParam, lParam); break;
     }
     if (pending_.active) flushPendingChange();
@@ -160,6 +159,29 @@ long QuillEngine::changeCase(WPARAM mode) {
     return 0;
 }
 
+long QuillEngine::showList(WPARAM typed, const char* list) {
+    if (!list || !*list) return 0;
+    listText_ = list;
+    listTyped_ = long(typed);
+    const char separator = char(direct(SCI_AUTOCGETSEPARATOR));
+    listItems_ = 1 + long(std::count(listText_.begin(), listText_.end(), separator));
+    direct(SCI_AUTOCSHOW, typed, reinterpret_cast<LPARAM>(listText_.c_str()));
+    return 0;
+}
+
+long QuillEngine::appendToList(const char* more) {
+    // Only a list that shows grows; the item the user stands on stays chosen.
+    if (!more || !*more || !direct(SCI_AUTOCACTIVE)) return 0;
+    std::string current(size_t(direct(SCI_AUTOCGETCURRENTTEXT, 0, 0)) + 1, '\0');
+    direct(SCI_AUTOCGETCURRENTTEXT, 0, reinterpret_cast<LPARAM>(current.data()));
+    current.resize(std::strlen(current.c_str()));
+    const char separator = char(direct(SCI_AUTOCGETSEPARATOR));
+    std::string list = listText_ + separator + more;
+    showList(WPARAM(listTyped_), list.c_str());
+    if (!current.empty()) direct(SCI_AUTOCSELECT, 0, reinterpret_cast<LPARAM>(current.c_str()));
+    return 0;
+}
+
 void QuillEngine::setModEventMask(long mask) {
     hostMask_ = mask;
     direct(SCI_SETMODEVENTMASK, WPARAM(engineMaskFor(mask)));
@@ -209,6 +231,8 @@ void QuillEngine::connectSignals() {
         r.margin = margin;
         deliver(r);
     });
+    // Deleting back into the name while a list shows asks the owner to refresh the list.
+    connect(this, &QsciScintillaBase::SCN_AUTOCCHARDELETED, this, [this] { emitNotification(SCN_LISTREFRESH_EXT); });
     connect(this, &QsciScintillaBase::SCN_NEEDSHOWN, this, [this](int position, int length) {
         SCNotification r;
         r.nmhdr.code = ::SCN_NEEDSHOWN;
@@ -338,6 +362,15 @@ bool QuillEngine::event(QEvent* e) {
 }
 
 void QuillEngine::keyPressEvent(QKeyEvent* e) {
+    // A list moved onto its last item asks its owner for more.
+    const bool listMove = direct(SCI_AUTOCACTIVE) &&
+                          (e->key() == Qt::Key_Down || e->key() == Qt::Key_PageDown || e->key() == Qt::Key_End);
+    keyPressEventInner(e);
+    if (listMove && direct(SCI_AUTOCACTIVE) && direct(SCI_AUTOCGETCURRENT) >= listItems_ - 1)
+        emitNotification(SCN_LISTMORE_EXT);
+}
+
+void QuillEngine::keyPressEventInner(QKeyEvent* e) {
     if (owner_) {
         MSG msg = keyMessage(this, e);
         if (owner_->PreTranslateTree(&msg)) {

@@ -56,6 +56,8 @@ private:
         return long(directFunction_(directPointer_, message, wParam, lParam));
     }
     long deleteRange(long start, long end);
+    long showList(WPARAM typed, const char* list);
+    long appendToList(const char* more);
     long changeCase(WPARAM mode);
     void setModEventMask(long mask);
 
@@ -64,6 +66,7 @@ private:
     void onModified(int position, int type, const char* text, int length, int linesAdded, int line,
                     int foldNow, int foldPrev, int token, int annotationLinesAdded);
     void flushPendingChange();
+    void keyPressEventInner(QKeyEvent* e);
     bool carriesPrivateDrop(const QMimeData* data) const;
 
     CWnd* owner_;
@@ -75,6 +78,11 @@ private:
     // document from its start on every edit for its accessibility events. The link asks for
     // the "before" notifications instead and delivers the insert or delete itself once the
     // change is done, with exactly the fields the engine would have given.
+    // The list that shows, kept so that more items can be added to it.
+    std::string listText_;
+    long listTyped_ = 0;
+    long listItems_ = 0;
+
     long hostMask_;
     struct PendingChange {
         bool active = false;

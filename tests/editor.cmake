@@ -6,4 +6,5 @@ quillbox_unit_test(test_editor
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/DisplaySettingsTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/DropTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/FileOperationsTest.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/editor/CompletionListTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/EngineLinkTest.cpp)
