@@ -357,7 +357,10 @@ std::string TempName(const std::string& targetName) {
     char suffix[32];
     std::snprintf(suffix, sizeof suffix, ".%08llx.tmp", mix & 0xFFFFFFFFull);
     // Stay within the 255 bytes a file name may have.
-    return "." + targetName.substr(0, 200) + suffix;
+    std::string name(".");
+    name.append(targetName, 0, 200);
+    name += suffix;
+    return name;
 }
 
 }  // namespace
