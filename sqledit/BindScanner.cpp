@@ -1,4 +1,5 @@
 #include "BindScanner.h"
+#include "Utf8.h"
 
 namespace {
 
@@ -12,28 +13,8 @@ bool isAsciiAlnum(unsigned char c) {
 // Length of the well-formed UTF-8 sequence that starts s[i], 2 to 4; 1 for an ASCII byte and
 // for a byte that starts no complete, well-formed sequence before the end of `s`.
 int utf8Length(std::string_view s, size_t i) {
-    const unsigned char lead = static_cast<unsigned char>(s[i]);
-    int length;
-    unsigned char low = 0x80, high = 0xBF;   // range of the second byte, which excludes
-    if (lead >= 0xC2 && lead <= 0xDF) {     // overlong forms, surrogates and values past U+10FFFF
-        length = 2;
-    } else if (lead >= 0xE0 && lead <= 0xEF) {
-        length = 3;
-        if (lead == 0xE0) low = 0xA0;
-        if (lead == 0xED) high = 0x9F;
-    } else if (lead >= 0xF0 && lead <= 0xF4) {
-        length = 4;
-        if (lead == 0xF0) low = 0x90;
-        if (lead == 0xF4) high = 0x8F;
-    } else {
-        return 1;
-    }
-    if (s.size() - i < size_t(length)) return 1;
-    for (int k = 1; k < length; ++k) {
-        const unsigned char c = static_cast<unsigned char>(s[i + size_t(k)]);
-        if (c < (k == 1 ? low : 0x80) || c > (k == 1 ? high : 0xBF)) return 1;
-    }
-    return length;
+    const size_t length = Utf8SequenceLength(reinterpret_cast<const unsigned char*>(s.data()), i, s.size());
+    return length ? int(length) : 1;
 }
 
 // Index of the first byte at or after `from`, outside literals and comments, for which `hit`

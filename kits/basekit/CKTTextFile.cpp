@@ -1,4 +1,5 @@
 #include "CKTTextFile.h"
+#include "Utf8.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -102,29 +103,7 @@ bool Injected(TEXTFILEFAULT step) {
 
 // The length of the well-formed UTF-8 sequence at `s[i]`, or 0 when it is ill-formed or cut
 // off by the end. Overlong forms, surrogates and values above U+10FFFF are ill-formed.
-size_t SequenceLength(const unsigned char* s, size_t i, size_t n) {
-    const unsigned lead = s[i];
-    if (lead < 0x80) return 1;
-    size_t length;
-    unsigned low = 0x80, high = 0xBF;
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        length = 2;
-    } else if (lead >= 0xE0 && lead <= 0xEF) {
-        length = 3;
-        if (lead == 0xE0) low = 0xA0;
-        if (lead == 0xED) high = 0x9F;
-    } else if (lead >= 0xF0 && lead <= 0xF4) {
-        length = 4;
-        if (lead == 0xF0) low = 0x90;
-        if (lead == 0xF4) high = 0x8F;
-    } else {
-        return 0;
-    }
-    if (n - i < length || s[i + 1] < low || s[i + 1] > high) return 0;
-    for (size_t k = 2; k < length; ++k)
-        if ((s[i + k] & 0xC0) != 0x80) return 0;
-    return length;
-}
+size_t SequenceLength(const unsigned char* s, size_t i, size_t n) { return Utf8SequenceLength(s, i, n); }
 
 struct Utf8Scan {
     size_t firstError = std::string::npos;

@@ -1,0 +1,3 @@
+#include "CNamekitMgr.h"
+
+CNamekitMgr::~CNamekitMgr() = default;

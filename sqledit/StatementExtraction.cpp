@@ -1,0 +1,255 @@
+#include "StatementExtraction.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+bool isSpace(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+// Length of the terminator at the end of `line`: 2 for CR LF, 1 for LF or CR, else 0.
+int terminatorLength(std::string_view line) {
+    if (line.empty()) return 0;
+    if (line.back() == '\n') return line.size() >= 2 && line[line.size() - 2] == '\r' ? 2 : 1;
+    return line.back() == '\r' ? 1 : 0;
+}
+
+enum class Verdict { PassOver, Arm, Stop };
+
+// The pairing rule for one normalised word.
+Verdict judge(std::string_view word, bool armed, bool forward) {
+    if (word == "begin" || word == "for" || word == "loop") return Verdict::Stop;
+    const bool pairWord = word == "is" || word == "as";
+    const bool selectWord = word == "select";
+    if (forward) {
+        if (pairWord && !armed) return Verdict::Arm;
+        if (selectWord && armed) return Verdict::Stop;
+    } else {
+        if (selectWord && !armed) return Verdict::Arm;
+        if (pairWord && armed) return Verdict::Stop;
+    }
+    return Verdict::PassOver;
+}
+
+// Tests the word text[start, end): true when it stops the scan. Updates `armed`.
+bool testWord(std::string_view text, size_t start, size_t end, bool& armed, bool forward) {
+    const CString token =
+        StatementExtractor::InitToken(CString(std::string(text.substr(start, end - start))));
+    switch (judge(token.view(), armed, forward)) {
+    case Verdict::Arm:
+        armed = true;
+        return false;
+    case Verdict::Stop:
+        armed = false;
+        return true;
+    case Verdict::PassOver:
+        return false;
+    }
+    return false;
+}
+
+// The boundary a scan met: the byte range to drop. `found` false when there is none.
+struct Boundary {
+    bool found = false;
+    size_t start = 0;
+    size_t end = 0;
+};
+
+Boundary scanForward(std::string_view text, bool& armed) {
+    size_t wordStart = 0;
+    bool inWord = false;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const unsigned char c = static_cast<unsigned char>(text[i]);
+        if (c == ';') return {true, i, i + 1};
+        if (isSpace(c)) {
+            if (inWord && testWord(text, wordStart, i, armed, true)) return {true, wordStart, i};
+            inWord = false;
+        } else if (!inWord) {
+            inWord = true;
+            wordStart = i;
+        }
+    }
+    if (inWord && testWord(text, wordStart, text.size(), armed, true))
+        return {true, wordStart, text.size()};
+    return {};
+}
+
+Boundary scanBackward(std::string_view text, bool& armed) {
+    size_t wordEnd = 0;   // one past the word's last byte
+    bool inWord = false;
+    for (size_t i = text.size(); i-- > 0;) {
+        const unsigned char c = static_cast<unsigned char>(text[i]);
+        if (c == ';') return {true, i, i + 1};
+        if (isSpace(c)) {
+            if (inWord && testWord(text, i + 1, wordEnd, armed, false)) return {true, i + 1, wordEnd};
+            inWord = false;
+        } else if (!inWord) {
+            inWord = true;
+            wordEnd = i + 1;
+        }
+    }
+    if (inWord && testWord(text, 0, wordEnd, armed, false)) return {true, 0, wordEnd};
+    return {};
+}
+
+// A kept piece that begins with a blank gets all its leading white space replaced by one blank.
+std::string normaliseFront(std::string_view kept) {
+    if (kept.empty() || kept.front() != ' ') return std::string(kept);
+    size_t first = 0;
+    while (first < kept.size() && isSpace(static_cast<unsigned char>(kept[first]))) ++first;
+    if (first == kept.size()) return std::string();
+    std::string out(1, ' ');
+    out.append(kept.substr(first));
+    return out;
+}
+
+// The number at the front of `text`, read as atoi reads it (leading white space, a sign,
+// digits; 0 when there are none), but held to the range of int instead of overflowing.
+int leadingNumber(const CString& text) {
+    const long long value = std::strtoll(text, nullptr, 10);
+    return int(std::clamp<long long>(value, INT_MIN, INT_MAX));
+}
+
+}  // namespace
+
+VectorStatementSource::VectorStatementSource(std::vector<CString> lines, int caretLine,
+                                             int caretColumn)
+    : lines_(std::move(lines)), caretLine_(caretLine), caretColumn_(caretColumn) {}
+
+VectorStatementSource VectorStatementSource::FromText(const CString& text, int caretPosition) {
+    const std::string_view all = text.view();
+    std::vector<CString> lines;
+    size_t start = 0;
+    for (size_t i = 0; i < all.size(); ++i) {
+        if (all[i] == '\r' && i + 1 < all.size() && all[i + 1] == '\n') ++i;
+        if (all[i] == '\n' || all[i] == '\r') {
+            lines.emplace_back(all.substr(start, i + 1 - start));
+            start = i + 1;
+        }
+    }
+    lines.emplace_back(all.substr(start));   // the last line, possibly empty, as in the engine
+
+    const size_t caret = size_t(std::clamp(caretPosition, 0, text.GetLength()));
+    int line = 0;
+    size_t lineStart = 0;
+    while (line + 1 < int(lines.size()) && lineStart + size_t(lines[size_t(line)].GetLength()) <= caret)
+        lineStart += size_t(lines[size_t(line++)].GetLength());
+    return VectorStatementSource(std::move(lines), line, int(caret - lineStart));
+}
+
+CString VectorStatementSource::LineWithEnd(int line) const {
+    if (line < 0 || line >= LineCount()) return CString();
+    ++reads_;
+    lowest_ = lowest_ < 0 ? line : std::min(lowest_, line);
+    highest_ = std::max(highest_, line);
+    return lines_[size_t(line)];
+}
+
+FunctionStatementSource::FunctionStatementSource(int lineCount, int caretLine, int caretColumn,
+                                                 std::function<CString(int)> lineWithEnd)
+    : lineCount_(lineCount), caretLine_(caretLine), caretColumn_(caretColumn),
+      lineWithEnd_(std::move(lineWithEnd)) {}
+
+CString FunctionStatementSource::LineWithEnd(int line) const {
+    if (line < 0 || line >= lineCount_ || !lineWithEnd_) return CString();
+    return lineWithEnd_(line);
+}
+
+CString StatementExtractor::InitToken(CString word) {
+    word.MakeLower();
+    std::string_view w = word.view();
+    while (!w.empty() && w.front() == '(') w.remove_prefix(1);
+    while (!w.empty() && w.front() == ')') w.remove_prefix(1);
+    while (!w.empty() && w.back() == '(') w.remove_suffix(1);
+    while (!w.empty() && w.back() == ')') w.remove_suffix(1);
+    return CString(w);
+}
+
+bool StatementExtractor::GetSingleQuery(CString& text, bool& armed, bool forward) {
+    const std::string_view all = text.view();
+    const Boundary b = forward ? scanForward(all, armed) : scanBackward(all, armed);
+    if (!b.found) return true;
+    const std::string_view kept = forward ? all.substr(0, b.start) : all.substr(b.end);
+    text = CString(normaliseFront(kept));
+    return false;
+}
+
+CString StatementExtractor::GetCurrentQuery(const StatementSource& source) {
+    const int lineCount = source.LineCount();
+    if (lineCount <= 0) return CString();
+    const int caretLine = std::clamp(source.CaretLine(), 0, lineCount - 1);
+
+    // The caret's line is fetched once; each pass takes its half of it and pays one line of
+    // budget for it, as for any other line.
+    const CString caretText = source.LineWithEnd(caretLine);
+    const std::string_view caretView = caretText.view();
+    const int contentLength = int(caretView.size()) - terminatorLength(caretView);
+    const size_t caretColumn = size_t(std::clamp(source.CaretColumn(), 0, contentLength));
+
+    std::vector<CString> before;   // pieces in the order read, that is last line first
+    std::vector<CString> after;
+    int budget = kLineBudget;
+    bool armed = false;
+
+    // Backward pass: from the caret towards line 0.
+    for (int line = caretLine; line >= 0 && budget >= 0; --line, --budget) {
+        CString piece = line == caretLine ? CString(caretView.substr(0, caretColumn))
+                                          : source.LineWithEnd(line);
+        const int comment = piece.Find("--");
+        if (comment >= 0) {
+            if (line == caretLine) return CString();   // the caret stands in a line comment
+            piece = piece.Left(comment);
+        }
+        if (piece.IsEmpty()) continue;
+        const bool goesOn = GetSingleQuery(piece, armed, false);
+        if (!piece.IsEmpty()) before.push_back(std::move(piece));
+        if (!goesOn) break;
+    }
+
+    // Forward pass: from the caret to the last line, with what is left of the budget.
+    armed = false;
+    for (int line = caretLine; line < lineCount && budget >= 0; ++line, --budget) {
+        CString piece = line == caretLine ? CString(caretView.substr(caretColumn))
+                                          : source.LineWithEnd(line);
+        const int comment = piece.Find("--");
+        if (comment >= 0) piece = piece.Left(comment);
+        if (piece.IsEmpty()) continue;
+        const bool goesOn = GetSingleQuery(piece, armed, true);
+        if (!piece.IsEmpty()) after.push_back(std::move(piece));
+        if (!goesOn) break;
+    }
+
+    std::string query;
+    for (auto it = before.rbegin(); it != before.rend(); ++it) query += it->str();
+    for (const CString& piece : after) query += piece.str();
+    return CString(std::move(query));
+}
+
+CString StatementExtractor::CheckComment(CString line, const CStringArray& ranges, int lineNo,
+                                         int column) {
+    const int at = std::clamp(column, 0, line.GetLength());
+    const int open = line.Find("/*");
+    const bool openedBefore = open >= 0 && open + 2 <= at;
+    const bool closedAfter = line.Find("*/", at) >= 0;
+
+    for (const CString& range : ranges) {
+        // "first,last": the numbers before the first ',' and between it and any next ','.
+        const int comma = range.Find(',');
+        if (comma < 0) continue;
+        const int first = leadingNumber(range.Left(comma));
+        const int last = leadingNumber(range.Mid(comma + 1));
+        bool inside;
+        if (first == last)
+            inside = lineNo == first && openedBefore && closedAfter;
+        else
+            inside = (lineNo > first && lineNo < last) || (lineNo == first && openedBefore) ||
+                     (lineNo == last && closedAfter);
+        if (inside) return CString();
+    }
+
+    const int comment = line.Find("--", at);
+    return comment >= 0 ? line.Left(comment) : line;
+}
