@@ -1,5 +1,6 @@
 // quillbox: a host program of the Quillbox editor windows.
-//   quillbox edit FILE                  open FILE in an editor window
+//   quillbox edit FILE [--db DB]        open FILE in an editor window; names complete from DB
+//                                       (default: the sample database beside the program)
 //   quillbox shot FILE -o OUT.png       render the window offscreen and save a picture of it
 //   quillbox code --lang LANGUAGE FILE  print the script as source code of LANGUAGE
 //   quillbox uncode --lang LANGUAGE FILE print the SQL that pasting FILE's code would give
@@ -25,12 +26,13 @@
 #include "BindScanner.h"
 #include "CKTSQLEditWnd.h"
 #include "CKTTextFile.h"
+#include "SqliteNamekitMgr.h"
 
 namespace {
 int usage() {
     std::fprintf(stderr,
-                 "usage: quillbox edit FILE\n"
-                 "       quillbox shot FILE -o OUT.png\n"
+                 "usage: quillbox edit FILE [--db FILE.sqlite]\n"
+                 "       quillbox shot FILE -o OUT.png [--db FILE.sqlite]\n"
                  "       quillbox code --lang LANGUAGE FILE\n"
                  "       quillbox uncode --lang LANGUAGE FILE\n"
                  "       quillbox binds FILE\n"
@@ -110,14 +112,35 @@ bool hasDisplay() {
            (std::getenv("WAYLAND_DISPLAY") && *std::getenv("WAYLAND_DISPLAY"));
 }
 
+// The application's main window as the library sees it: it hands the SQL window the
+// completion manager (message 0x07EC, wParam 9).
+class MainFrame : public CWnd {
+public:
+    CNamekitMgr* manager = nullptr;
+
+protected:
+    const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
+    static const MessageMap* GetThisMessageMap() {
+        static const MessageMapEntry entries[] = {
+            {CKTSQLEditWnd::kAskCompletionManager, 0, [](CWnd* w, WPARAM wParam, LPARAM) -> LRESULT {
+                 return wParam == 9 ? reinterpret_cast<LRESULT>(static_cast<MainFrame*>(w)->manager) : 0;
+             }},
+        };
+        static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
+        return &map;
+    }
+};
+
 // The editor the program hosts: an SQL edit window in the main window, with a File menu
-// that opens a script and saves it through the window's own Save.
+// that opens a script and saves it through the window's own Save, and object completion
+// from a SQLite database.
 class EditorHost {
 public:
-    EditorHost() {
+    explicit EditorHost(const CString& database) : catalog_(database) {
         window_.resize(900, 600);
-        frame_ = CWnd::FromWidget(&window_);
-        AfxSetMainWnd(frame_);
+        frame_.Attach(&window_);
+        frame_.manager = &catalog_;
+        AfxSetMainWnd(&frame_);
         QMenu* file = window_.menuBar()->addMenu(QCoreApplication::translate("QuillboxApp", "&File"));
         file->addAction(QCoreApplication::translate("QuillboxApp", "&Open..."), QKeySequence::Open, [this] {
             const QString path = QFileDialog::getOpenFileName(&window_, QString(), QString(),
@@ -131,7 +154,7 @@ public:
 
     bool create() {
         RECT rect{0, 0, window_.width(), window_.height()};
-        if (!editor_.Create("editor", WS_CHILD | WS_VISIBLE, rect, frame_, 100)) {
+        if (!editor_.Create("editor", WS_CHILD | WS_VISIBLE, rect, &frame_, 100)) {
             std::fprintf(stderr, "quillbox: the editor window could not be made\n");
             return false;
         }
@@ -150,10 +173,15 @@ public:
     }
 
     QMainWindow& window() { return window_; }
+    ~EditorHost() {
+        AfxSetMainWnd(nullptr);
+        frame_.Detach();
+    }
 
 private:
+    SqliteNamekitMgr catalog_;
     QMainWindow window_;
-    CWnd* frame_ = nullptr;
+    MainFrame frame_;
     CKTSQLEditWnd editor_;
 };
 
@@ -181,8 +209,11 @@ int main(int argc, char** argv) {
     }
     const char* file = argv[2];
     const char* picture = nullptr;
-    for (int i = 3; i + 1 < argc; ++i)
+    const char* database = nullptr;
+    for (int i = 3; i + 1 < argc; ++i) {
         if (std::strcmp(argv[i], "-o") == 0) picture = argv[i + 1];
+        if (std::strcmp(argv[i], "--db") == 0) database = argv[i + 1];
+    }
 
     bool offscreen = command == "shot";
     if (!offscreen && !hasDisplay()) {
@@ -200,7 +231,10 @@ int main(int argc, char** argv) {
     const QString language = QLocale().name().replace('_', '-');
     if (programStrings.load(QCoreApplication::applicationDirPath() + "/" + language + "/quillbox.qm"))
         QCoreApplication::installTranslator(&programStrings);
-    EditorHost host;
+    // The catalog: the database given, else the sample database beside the program.
+    const CString catalog = database ? CString(database)
+                                     : CString::fromQString(QCoreApplication::applicationDirPath() + "/sample.sqlite");
+    EditorHost host(catalog);
     if (!host.create() || !host.open(file)) return 1;
     if (offscreen) return savePicture(host.window(), picture) ? 0 : 1;
     host.window().show();

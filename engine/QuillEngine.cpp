@@ -366,8 +366,11 @@ void QuillEngine::keyPressEvent(QKeyEvent* e) {
     const bool listMove = direct(SCI_AUTOCACTIVE) &&
                           (e->key() == Qt::Key_Down || e->key() == Qt::Key_PageDown || e->key() == Qt::Key_End);
     keyPressEventInner(e);
+    // Asked once the key is handled: the owner's answer rebuilds the list, which must not
+    // happen while the engine is still moving in it.
     if (listMove && direct(SCI_AUTOCACTIVE) && direct(SCI_AUTOCGETCURRENT) >= listItems_ - 1)
-        emitNotification(SCN_LISTMORE_EXT);
+        QMetaObject::invokeMethod(
+            this, [this] { if (direct(SCI_AUTOCACTIVE)) emitNotification(SCN_LISTMORE_EXT); }, Qt::QueuedConnection);
 }
 
 void QuillEngine::keyPressEventInner(QKeyEvent* e) {

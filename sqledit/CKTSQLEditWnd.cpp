@@ -3,11 +3,14 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
+#include <cstring>
 #include <vector>
 #include <QGuiApplication>
 
 #include "CFileDialogEx.h"
 #include "CKTRegistry.h"
+#include "CNamekitMgr.h"
+#include "StatementExtraction.h"
 #include "CopyAsCode.h"
 #include "PasteFromCode.h"
 #include "CKTUtil.h"
@@ -37,6 +40,8 @@ void CKTSQLEditWnd::SetAutoCompletionEnv() {
     directFunction = directCall;
     directPointer = engine();
     directFunction(directPointer, SCI_AUTOCSETSEPARATOR, 124, 0);
+    // SQL names match whatever their case: the case option may change the list's case.
+    directFunction(directPointer, SCI_AUTOCSETIGNORECASE, 1, 0);
 }
 
 BOOL CKTSQLEditWnd::PreTranslateMessage(MSG* msg) {
@@ -139,6 +144,125 @@ bool CKTSQLEditWnd::SelectCodeLanguage(const char* storedName) {
     return true;
 }
 
+namespace {
+bool isBlank(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+// A character that starts a request: ASCII letters and digits and _ . # $ @.
+bool startsRequest(int ch) {
+    return (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || (ch >= '0' && ch <= '9') || ch == '_' ||
+           ch == '.' || ch == '#' || ch == '$' || ch == '@';
+}
+}  // namespace
+
+CNamekitMgr* CKTSQLEditWnd::completionManager() {
+    CWnd* main = AfxGetMainWnd();
+    return main ? reinterpret_cast<CNamekitMgr*>(main->SendMessage(kAskCompletionManager, 9, 0)) : nullptr;
+}
+
+void CKTSQLEditWnd::cancelList() { SendEditor(SCI_AUTOCCANCEL); }
+
+CString CKTSQLEditWnd::applyChangeCase(CString list) const {
+    if (changeCase == 1) list.MakeUpper();
+    else if (changeCase == 2) list.MakeLower();
+    return list;
+}
+
+int CKTSQLEditWnd::isTableWord(CString line, int index) {
+    if (index < 0 || index >= line.GetLength()) return 0;
+    const unsigned char c = static_cast<unsigned char>(line[index]);
+    // Any byte of a multi-byte character belongs to a name, so such a character is taken whole.
+    if (c >= 0x80) return 1;
+    if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) return 1;
+    return std::strchr("$#_.@\")", char(c)) != nullptr && c != 0 ? 1 : 0;
+}
+
+CString CKTSQLEditWnd::getObjectAtCaret() {
+    if (IsSelection()) {
+        CString selected = GetSelectedText();
+        return selected.Trim();
+    }
+    const long caret = GetCurrentPosition();
+    const int lineNo = int(SendEditor(SCI_LINEFROMPOSITION, WPARAM(caret)));
+    const CString line = GetLineChars(lineNo);
+    const int length = line.GetLength();
+    const int column = int(caret - SendEditor(SCI_POSITIONFROMLINE, WPARAM(lineNo)));
+    int start = column;
+    if (column > 0) {
+        const unsigned char at = column < length ? static_cast<unsigned char>(line[column]) : 0;
+        const bool behindWord = column >= length || at == ';' || at == ',' || (at < 0x80 && isBlank(at));
+        if (behindWord && !isBlank(static_cast<unsigned char>(line[column - 1]))) start = column - 1;
+    }
+    if (length == 0 || start >= length || !isTableWord(line, start)) return CString();
+    int first = start;
+    while (first > 0 && isTableWord(line, first - 1)) --first;
+    CString name = line.Mid(first, column - first);
+    return name.Trim();
+}
+
+CString CKTSQLEditWnd::GetCurrentQuery() {
+    const long caret = GetCurrentPosition();
+    const int caretLine = int(SendEditor(SCI_LINEFROMPOSITION, WPARAM(caret)));
+    const int caretColumn = int(caret - SendEditor(SCI_POSITIONFROMLINE, WPARAM(caretLine)));
+    FunctionStatementSource source(GetLineCount(), caretLine, caretColumn,
+                                   [this](int line) { return GetLineChars(line); });
+    return StatementExtractor::GetCurrentQuery(source);
+}
+
+BOOL CKTSQLEditWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const auto* n = reinterpret_cast<const SCNotification*>(lParam);
+    if (!n || n->nmhdr.hwndFrom != GetSafeHwnd()) return CKTScinWnd::OnNotify(wParam, lParam, result);
+    CNamekitMgr* manager = completionManager();
+    if (n->nmhdr.code == SCN_LISTREFRESH_EXT) {
+        if (manager) manager->Refresh();
+    } else if (n->nmhdr.code == SCN_LISTMORE_EXT) {
+        CStringArray items;
+        if (manager) manager->ShowMore(items);
+        const CString more = CKTString::ArrayToString(items, "|", false);
+        if (!more.IsEmpty() && directFunction)
+            directFunction(directPointer, SCI_APPENDLIST_EXT, 0, reinterpret_cast<std::intptr_t>(applyChangeCase(more).c_str()));
+    } else if (n->nmhdr.code == SCN_CHARADDED && manager) {
+        // A multi-byte character counts as a letter.
+        if (!startsRequest(n->ch) && n->ch2 == 0) {
+            cancelList();
+            return CKTScinWnd::OnNotify(wParam, lParam, result);
+        }
+        if (n->ch == '.') cancelList();
+        const CString name = getObjectAtCaret();
+        if (name.IsEmpty()) {
+            cancelList();
+            return CKTScinWnd::OnNotify(wParam, lParam, result);
+        }
+        const CString query = name.Find('.') > 0 ? GetCurrentQuery() : CString();
+        if (!manager->GetObjectList(this, name, query)) cancelList();
+        return TRUE;  // a character that asked for completion does no indentation
+    }
+    return CKTScinWnd::OnNotify(wParam, lParam, result);
+}
+
+LRESULT CKTSQLEditWnd::OnGetData(WPARAM, LPARAM lParam) {
+    const auto* answer = reinterpret_cast<const NamekitAnswer*>(lParam);
+    // An answer that comes after the user has moved on is dropped.
+    if (!answer || !SendEditor(SCI_GETFOCUS)) return 0;
+    const CString name = getObjectAtCaret();
+    const CString asked = answer->requestNameEx.IsEmpty() ? answer->requestName : answer->requestNameEx;
+    if (asked != name) {
+        cancelList();
+        return 0;
+    }
+    const CString list = CKTString::ArrayToString(answer->items, "|", false);
+    if (list.IsEmpty()) {
+        cancelList();
+        return 0;
+    }
+    const int typed = answer->nameParts.GetSize() > 0
+                          ? answer->nameParts[answer->nameParts.GetSize() - 1].GetLength()
+                          : name.GetLength();
+    const CString shown = applyChangeCase(list);
+    if (directFunction)
+        directFunction(directPointer, SCI_SHOWLIST_EXT, std::uintptr_t(typed), reinterpret_cast<std::intptr_t>(shown.c_str()));
+    return 0;
+}
+
 int CKTSQLEditWnd::DoDropAnother(COleDataObject*, const CPoint&) { return 0; }
 
 int CKTSQLEditWnd::DoDropText(COleDataObject* data, const CPoint& point) {
@@ -222,6 +346,10 @@ const MessageMap* CKTSQLEditWnd::GetThisMessageMap() {
         {kInsertTextMessage, 0,
          [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
              return static_cast<CKTSQLEditWnd*>(w)->OnInsertText(wParam, lParam);
+         }},
+        {kCompletionAnswer, 0,
+         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
+             return static_cast<CKTSQLEditWnd*>(w)->OnGetData(wParam, lParam);
          }},
         {WM_COMMAND, cmd::MakeCode,
          [](CWnd* w, WPARAM, LPARAM) -> LRESULT {

@@ -51,11 +51,27 @@ public:
     // Chooses the code language by its stored name ("Java", "C#", ...); false for none.
     bool SelectCodeLanguage(const char* storedName);
 
+    // Object completion: a typed name character asks the completion manager (which the
+    // application's main window hands out for message 0x07EC, wParam 9) for the objects that
+    // fit, with the statement around the caret when the name is qualified; the answer comes
+    // later as message 0x043A and shows as a list unless it no longer fits.
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+    // The statement around the caret, found within 500 lines.
+    CString GetCurrentQuery();
+    // The name at the caret: the selection if there is one, else the name bytes before it.
+    CString getObjectAtCaret();
+
+    static constexpr UINT kAskCompletionManager = 0x07EC;
+    static constexpr UINT kCompletionAnswer = 0x043A;
+
 protected:
     int OnCreate();
     void OnEditComment() { StartBlockComment(1); }
     void OnEditUncomment() { StartBlockComment(0); }
     LRESULT OnInsertText(WPARAM wParam, LPARAM lParam);
+    LRESULT OnGetData(WPARAM wParam, LPARAM lParam);
+    // 1 when the byte at `index` of `line` can be part of a name.
+    int isTableWord(CString line, int index);
     int DoDropText(COleDataObject* data, const CPoint& point) override;
     virtual int DoDropAnother(COleDataObject* data, const CPoint& point);
     void setScriptLangCode(EM_LangCode code);
@@ -71,6 +87,9 @@ protected:
     int changeCase = 0;  // case of completion lists: 1 upper, 2 lower, else as they come
 
 private:
+    class CNamekitMgr* completionManager();
+    CString applyChangeCase(CString list) const;
+    void cancelList();
     void setOption();
     void saveOption();
 };

@@ -45,6 +45,7 @@ TEST_F(CompletionListTest, TheLastItemAsksForMoreAndDeletingAsksForARefresh) {
     send(SCI_SHOWLIST_EXT, 3, reinterpret_cast<LPARAM>("order_lines|orders"));
     editor->notifications.clear();
     QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_Down);
+    QApplication::processEvents();
     EXPECT_EQ(count(SCN_LISTMORE_EXT), 1);
     QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_Backspace);
     EXPECT_GE(count(SCN_LISTREFRESH_EXT), 1);

@@ -1,0 +1,181 @@
+// Object completion end to end: keystrokes in a real SQL window, the main window that hands
+// out the completion manager, answers that fit or no longer fit, and a real SQLite catalog.
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <sqlite3.h>
+
+#include "CNamekitMgr.h"
+#include "SqliteNamekitMgr.h"
+#include "SqlWindow.h"
+
+namespace {
+// A manager that records what it is asked; the test answers by hand.
+class RecordingManager : public CNamekitMgr {
+public:
+    bool GetObjectList(CWnd* w, CString name, CString query) override {
+        window = w;
+        names.Add(name);
+        queries.Add(query);
+        return true;
+    }
+    bool ShowMore(CStringArray& items) override {
+        items.Add("more_one");
+        return true;
+    }
+    bool Refresh() override {
+        ++refreshes;
+        return true;
+    }
+    CWnd* window = nullptr;
+    CStringArray names, queries;
+    int refreshes = 0;
+};
+
+// The application's main window: it hands out the manager for message 0x07EC, wParam 9.
+class MainWindow : public CWnd {
+public:
+    CNamekitMgr* manager = nullptr;
+
+protected:
+    const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
+    static const MessageMap* GetThisMessageMap() {
+        static const MessageMapEntry entries[] = {
+            {CKTSQLEditWnd::kAskCompletionManager, 0, [](CWnd* w, WPARAM wParam, LPARAM) -> LRESULT {
+                 return wParam == 9 ? reinterpret_cast<LRESULT>(static_cast<MainWindow*>(w)->manager) : 0;
+             }},
+        };
+        static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
+        return &map;
+    }
+};
+}  // namespace
+
+class CompletionTest : public SqlWindowTest {
+protected:
+    void SetUp() override {
+        SqlWindowTest::SetUp();
+        main.CreateEx(0, "QuillboxFrame", "main", 0, RECT{0, 0, 10, 10}, nullptr, 0);
+        main.manager = &recorder;
+        AfxSetMainWnd(&main);
+        frame->GetSafeHwnd()->activateWindow();
+        window->GetSafeHwnd()->setFocus();
+        QApplication::processEvents();
+    }
+    void TearDown() override {
+        AfxSetMainWnd(nullptr);
+        SqlWindowTest::TearDown();
+    }
+    void type(const char* text) { QTest::keyClicks(window->GetSafeHwnd(), text); }
+    void answer(const char* asked, std::initializer_list<const char*> items, const char* lastPart = nullptr) {
+        NamekitAnswer record;
+        record.requestNameEx = asked;
+        for (const char* item : items) record.items.Add(item);
+        if (lastPart) record.nameParts.Add(lastPart);
+        window->SendMessage(CKTSQLEditWnd::kCompletionAnswer, 0, reinterpret_cast<LPARAM>(&record));
+    }
+    bool listShows() { return send(SCI_AUTOCACTIVE) != 0; }
+
+    MainWindow main;
+    RecordingManager recorder;
+};
+
+TEST_F(CompletionTest, AQualifiedNameAsksWithTheStatementAroundTheCaret) {
+    load("select 1 from dual;\nselect  from orders o where 1 = 1;\n");
+    send(SCI_GOTOPOS, 27);  // behind "select " on line 1
+    type("o.c");
+    ASSERT_EQ(recorder.names.GetSize(), 3);
+    EXPECT_EQ(recorder.names[0], "o");
+    EXPECT_EQ(recorder.names[2], "o.c");
+    EXPECT_EQ(recorder.queries[0], "");  // a plain name has no query
+    EXPECT_NE(recorder.queries[2].Find("from orders o"), -1);
+    EXPECT_EQ(recorder.queries[2].Find("dual"), -1);
+    EXPECT_EQ(recorder.window, window.get());
+    answer("o.c", {"customer_id"}, "c");
+    ASSERT_TRUE(listShows());
+    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
+    EXPECT_NE(window->GetText().Find("select o.customer_id from"), -1);
+}
+
+TEST_F(CompletionTest, CharactersThatAreNoNameCancelAndAskNothing) {
+    load("");
+    type("a");
+    answer("a", {"abc", "abd"});
+    ASSERT_TRUE(listShows());
+    type(" ");
+    EXPECT_FALSE(listShows());
+    type("(");
+    EXPECT_EQ(recorder.names.GetSize(), 1);
+    send(SCI_NEWLINE);
+    type(".");  // a dot first on its line: the name is "." and there is no query
+    EXPECT_EQ(recorder.names[recorder.names.GetSize() - 1], ".");
+    EXPECT_EQ(recorder.queries[recorder.queries.GetSize() - 1], "");
+    QTest::sendKeyEvent(QTest::Click, window->GetSafeHwnd(), Qt::Key_unknown, QString::fromUtf8("한"), Qt::NoModifier);
+    EXPECT_EQ(recorder.names[recorder.names.GetSize() - 1], ".한");  // a multi-byte character asks like a letter
+}
+
+TEST_F(CompletionTest, StaleAndUnfocusedAnswersAreDropped) {
+    load("");
+    type("ord");
+    answer("or", {"orders"});  // asked for "or", but "ord" stands now
+    EXPECT_FALSE(listShows());
+    answer("ord", {});  // an empty answer shows nothing
+    EXPECT_FALSE(listShows());
+    QLineEdit other(frame->GetSafeHwnd());
+    other.show();
+    other.setFocus();
+    QApplication::processEvents();
+    answer("ord", {"orders"});
+    EXPECT_FALSE(listShows());
+}
+
+TEST_F(CompletionTest, TheCaseOptionAndTheTypedLengthShapeTheList) {
+    CKTMgrSetting(0).SetInt("Change Case", 1);
+    window->ApplyOptionOnRealtime();
+    load("");
+    type("x.or");
+    answer("x.or", {"Orders", "order_lines"}, "or");
+    ASSERT_TRUE(listShows());
+    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
+    EXPECT_EQ(window->GetText(), "x.ORDERS");  // upper case, replacing the two bytes typed
+}
+
+TEST_F(CompletionTest, TheListAsksForMoreAndForARefresh) {
+    load("");
+    type("o");
+    answer("o", {"one", "orders"});
+    ASSERT_TRUE(listShows());
+    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Down);
+    QApplication::processEvents();  // the request for more comes once the key is handled
+    ASSERT_TRUE(listShows());
+    char text[64] = {};
+    send(SCI_AUTOCGETCURRENTTEXT, 0, reinterpret_cast<LPARAM>(text));
+    EXPECT_STREQ(text, "orders");  // the chosen item stays while the list grows
+    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Down);
+    send(SCI_AUTOCGETCURRENTTEXT, 0, reinterpret_cast<LPARAM>(text));
+    EXPECT_STREQ(text, "more_one");  // added to the list that shows
+    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Backspace);
+    EXPECT_GE(recorder.refreshes, 1);
+}
+
+TEST_F(CompletionTest, ARealCatalogAnswersThroughAnAlias) {
+    QTemporaryDir dir;
+    const QByteArray path = dir.filePath("shop.sqlite").toUtf8();
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(path.constData(), &db), SQLITE_OK);
+    sqlite3_exec(db, "create table orders(id integer, customer_id integer, created_at text);", nullptr, nullptr, nullptr);
+    sqlite3_close(db);
+    SqliteNamekitMgr catalog(CString(path.constData()));
+    main.manager = &catalog;
+    load("select  from orders o");
+    send(SCI_GOTOPOS, 7);
+    type("o.cu");
+    QElapsedTimer timer;
+    timer.start();
+    while (!listShows() && timer.elapsed() < 5000) QTest::qWait(10);
+    ASSERT_TRUE(listShows());
+    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
+    EXPECT_EQ(window->GetText(), "select o.customer_id from orders o");
+    main.manager = &recorder;
+}
