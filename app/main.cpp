@@ -218,6 +218,7 @@ int main(int argc, char** argv) {
     bool offscreen = command == "shot";
     if (!offscreen && !hasDisplay()) {
         std::printf("quillbox: no display found; running on the offscreen platform\n");
+        std::fflush(stdout);
         offscreen = true;
         if (!picture) picture = "quillbox-window.png";
     }
