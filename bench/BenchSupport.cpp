@@ -1,5 +1,9 @@
 #include "BenchSupport.h"
 
+#include <QApplication>
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+
 #include <fstream>
 #include <sstream>
 
@@ -50,4 +54,13 @@ long CurrentResidentBytes() { return statusField("VmRSS:"); }
 void ResetPeakResident() {
     std::ofstream clear("/proc/self/clear_refs");
     clear << "5";
+}
+
+int RunBenchmarks(int argc, char** argv) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
 }

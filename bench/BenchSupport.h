@@ -34,6 +34,9 @@ struct EditorOnFrame {
     std::unique_ptr<BenchEditor> editor;
 };
 
+// Runs the registered benchmarks on the offscreen platform with an application object.
+int RunBenchmarks(int argc, char** argv);
+
 // Peak resident memory of the process in bytes so far (VmHWM), and a way to reset it.
 long PeakResidentBytes();
 void ResetPeakResident();

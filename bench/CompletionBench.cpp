@@ -108,11 +108,4 @@ void BM_CurrentQuery100kLines(benchmark::State& state) {
 BENCHMARK(BM_KeyPressToList)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(10);
 BENCHMARK(BM_CurrentQuery100kLines)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 
-int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char** argv) { return RunBenchmarks(argc, argv); }

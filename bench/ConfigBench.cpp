@@ -108,11 +108,4 @@ void BM_InitGenerated5000Keys(benchmark::State& state) {
 BENCHMARK(BM_InitShippedFile)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK(BM_InitGenerated5000Keys)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(10);
 
-int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char** argv) { return RunBenchmarks(argc, argv); }

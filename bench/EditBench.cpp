@@ -177,11 +177,4 @@ BENCHMARK(BM_ReplaceTargets)->UseManualTime()->Unit(benchmark::kMillisecond)->It
 BENCHMARK(BM_SetTextWhole)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(2);
 BENCHMARK(BM_AppendWithLimit)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);
 
-int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char** argv) { return RunBenchmarks(argc, argv); }

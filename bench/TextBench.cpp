@@ -61,11 +61,4 @@ void BM_GetText50MB(benchmark::State& state) {
 BENCHMARK(BM_SetText50MB)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_GetText50MB)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
-int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char** argv) { return RunBenchmarks(argc, argv); }
