@@ -112,25 +112,6 @@ bool hasDisplay() {
            (std::getenv("WAYLAND_DISPLAY") && *std::getenv("WAYLAND_DISPLAY"));
 }
 
-// The application's main window as the library sees it: it hands the SQL window the
-// completion manager (message 0x07EC, wParam 9).
-class MainFrame : public CWnd {
-public:
-    CNamekitMgr* manager = nullptr;
-
-protected:
-    const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
-    static const MessageMap* GetThisMessageMap() {
-        static const MessageMapEntry entries[] = {
-            {CKTSQLEditWnd::kAskCompletionManager, 0, [](CWnd* w, WPARAM wParam, LPARAM) -> LRESULT {
-                 return wParam == 9 ? reinterpret_cast<LRESULT>(static_cast<MainFrame*>(w)->manager) : 0;
-             }},
-        };
-        static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
-        return &map;
-    }
-};
-
 // The editor the program hosts: an SQL edit window in the main window, with a File menu
 // that opens a script and saves it through the window's own Save, and object completion
 // from a SQLite database.
@@ -139,7 +120,7 @@ public:
     explicit EditorHost(const CString& database) : catalog_(database) {
         window_.resize(900, 600);
         frame_.Attach(&window_);
-        frame_.manager = &catalog_;
+        frame_.SetNamekitMgr(&catalog_);
         AfxSetMainWnd(&frame_);
         QMenu* file = window_.menuBar()->addMenu(QCoreApplication::translate("QuillboxApp", "&File"));
         file->addAction(QCoreApplication::translate("QuillboxApp", "&Open..."), QKeySequence::Open, [this] {
@@ -181,7 +162,7 @@ public:
 private:
     SqliteNamekitMgr catalog_;
     QMainWindow window_;
-    MainFrame frame_;
+    CNamekitMainWnd frame_;  // hands the SQL window the catalog
     CKTSQLEditWnd editor_;
 };
 

@@ -14,23 +14,6 @@
 #include "SqliteNamekitMgr.h"
 
 namespace {
-class MainFrame : public CWnd {
-public:
-    CNamekitMgr* manager = nullptr;
-
-protected:
-    const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
-    static const MessageMap* GetThisMessageMap() {
-        static const MessageMapEntry entries[] = {
-            {CKTSQLEditWnd::kAskCompletionManager, 0, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-                 return reinterpret_cast<LRESULT>(static_cast<MainFrame*>(w)->manager);
-             }},
-        };
-        static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
-        return &map;
-    }
-};
-
 QString catalogOf50000Columns(const QTemporaryDir& dir) {
     const QString path = dir.filePath("catalog.sqlite");
     sqlite3* db = nullptr;
@@ -55,9 +38,9 @@ void press(QWidget* w, Qt::Key key, const char* text) {
 void BM_KeyPressToList(benchmark::State& state) {
     QTemporaryDir dir;
     SqliteNamekitMgr catalog(CString::fromQString(catalogOf50000Columns(dir)));
-    MainFrame main;
+    CNamekitMainWnd main;
     main.CreateEx(0, "QuillboxFrame", "main", WS_VISIBLE, RECT{0, 0, 800, 600}, nullptr, 0);
-    main.manager = &catalog;
+    main.SetNamekitMgr(&catalog);
     AfxSetMainWnd(&main);
     CKTSQLEditWnd window;
     window.Create("sql", WS_CHILD | WS_VISIBLE, RECT{0, 0, 800, 600}, &main, 1);

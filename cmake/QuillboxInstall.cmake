@@ -32,6 +32,8 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/sqledit/CodeLanguages.h
   ${PROJECT_SOURCE_DIR}/dialogs/CGotoDlg.h
   ${PROJECT_SOURCE_DIR}/kits/tablekit/CFileDialogEx.h
+  ${PROJECT_SOURCE_DIR}/kits/namekit/CNamekitMgr.h
+  ${PROJECT_SOURCE_DIR}/kits/namekit/SqliteNamekitMgr.h
   ${PROJECT_SOURCE_DIR}/module/Quillbox.h)
 
 install(TARGETS quillbox EXPORT QuillboxTargets

@@ -28,3 +28,5 @@
 #include "CKTSQLEditWnd.h"
 #include "CGotoDlg.h"
 #include "CFileDialogEx.h"
+#include "CNamekitMgr.h"
+#include "SqliteNamekitMgr.h"

@@ -4,10 +4,10 @@
 // message WM_NAMEKIT_ANSWER, whose lParam points to a NamekitAnswer owned by the manager and
 // valid only while the message is handled (the window copies what it needs).
 #include "CString.h"
+#include "CWnd.h"
 #include "QuillboxExport.h"
 #include "WinTypes.h"
 
-class CWnd;
 
 // The message that carries an answer to the asking window: wParam 0, lParam a NamekitAnswer*.
 constexpr UINT WM_NAMEKIT_ANSWER = 0x043A;
@@ -33,4 +33,23 @@ public:
     virtual bool ShowMore(CStringArray& items) = 0;
     // Reads the database's catalog again.
     virtual bool Refresh() = 0;
+};
+
+// What an SQL window sends the application's main window to get the completion manager:
+// wParam 9, lParam 0; the result is the CNamekitMgr*, or 0 when there is none.
+constexpr UINT WM_ASK_NAMEKIT = 0x07EC;
+
+// A main window that hands its SQL windows a completion manager. A host whose main window is
+// a plain Qt widget attaches one of these to it (Attach) and sets the manager.
+class QUILLBOX_EXPORT CNamekitMainWnd : public CWnd {
+public:
+    void SetNamekitMgr(CNamekitMgr* manager) { manager_ = manager; }
+    CNamekitMgr* GetNamekitMgr() const { return manager_; }
+
+protected:
+    const MessageMap* GetMessageMap() const override;
+    static const MessageMap* GetThisMessageMap();
+
+private:
+    CNamekitMgr* manager_ = nullptr;
 };

@@ -33,23 +33,6 @@ public:
     int refreshes = 0;
 };
 
-// The application's main window: it hands out the manager for message 0x07EC, wParam 9.
-class MainWindow : public CWnd {
-public:
-    CNamekitMgr* manager = nullptr;
-
-protected:
-    const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
-    static const MessageMap* GetThisMessageMap() {
-        static const MessageMapEntry entries[] = {
-            {CKTSQLEditWnd::kAskCompletionManager, 0, [](CWnd* w, WPARAM wParam, LPARAM) -> LRESULT {
-                 return wParam == 9 ? reinterpret_cast<LRESULT>(static_cast<MainWindow*>(w)->manager) : 0;
-             }},
-        };
-        static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
-        return &map;
-    }
-};
 }  // namespace
 
 class CompletionTest : public SqlWindowTest {
@@ -57,7 +40,7 @@ protected:
     void SetUp() override {
         SqlWindowTest::SetUp();
         main.CreateEx(0, "QuillboxFrame", "main", 0, RECT{0, 0, 10, 10}, nullptr, 0);
-        main.manager = &recorder;
+        main.SetNamekitMgr(&recorder);
         AfxSetMainWnd(&main);
         frame->GetSafeHwnd()->activateWindow();
         window->GetSafeHwnd()->setFocus();
@@ -77,7 +60,7 @@ protected:
     }
     bool listShows() { return send(SCI_AUTOCACTIVE) != 0; }
 
-    MainWindow main;
+    CNamekitMainWnd main;
     RecordingManager recorder;
 };
 
@@ -167,7 +150,7 @@ TEST_F(CompletionTest, ARealCatalogAnswersThroughAnAlias) {
     sqlite3_exec(db, "create table orders(id integer, customer_id integer, created_at text);", nullptr, nullptr, nullptr);
     sqlite3_close(db);
     SqliteNamekitMgr catalog(CString(path.constData()));
-    main.manager = &catalog;
+    main.SetNamekitMgr(&catalog);
     load("select  from orders o");
     send(SCI_GOTOPOS, 7);
     type("o.cu");
@@ -177,5 +160,5 @@ TEST_F(CompletionTest, ARealCatalogAnswersThroughAnAlias) {
     ASSERT_TRUE(listShows());
     QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
     EXPECT_EQ(window->GetText(), "select o.customer_id from orders o");
-    main.manager = &recorder;
+    main.SetNamekitMgr(&recorder);
 }
