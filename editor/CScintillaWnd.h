@@ -257,6 +257,7 @@ protected:
     int StartBoxComment();
     CString commentProperty(const char* keyPrefix);
     std::string bytesAt(long position, long length);
+    void restoreCommentSelection(bool moveCaret, long start, long end);
 
     // Filled by the marks layer; until then it does nothing.
     virtual void HighLightingText();

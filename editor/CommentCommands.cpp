@@ -27,6 +27,17 @@ std::string CScintillaWnd::bytesAt(long position, long length) {
     return text;
 }
 
+// After a comment command: the caret stays at the block's start when it stood before the
+// selection's end, else the selection is set again over the changed lines.
+void CScintillaWnd::restoreCommentSelection(bool moveCaret, long start, long end) {
+    if (moveCaret) {
+        SendEditor(SCI_GOTOPOS, WPARAM(end));
+        SendEditor(SCI_SETCURRENTPOS, WPARAM(start));
+    } else {
+        SendEditor(SCI_SETSEL, WPARAM(start), end);
+    }
+}
+
 int CScintillaWnd::StartBlockComment(int comment) {
     const CString marker = commentProperty(blankAfterComment ? "comment.block2." : "comment.block.");
     if (marker.IsEmpty()) return 1;
@@ -66,12 +77,7 @@ int CScintillaWnd::StartBlockComment(int comment) {
         if (S >= E - (L - 1)) E = firstLineStart;
         S = firstLineStart;
     }
-    if (moveCaret) {
-        SendEditor(SCI_GOTOPOS, WPARAM(E));
-        SendEditor(SCI_SETCURRENTPOS, WPARAM(S));
-    } else {
-        SendEditor(SCI_SETSEL, WPARAM(S), E);
-    }
+    restoreCommentSelection(moveCaret, S, E);
     SendEditor(SCI_ENDUNDOACTION);
     return 1;
 }
@@ -123,12 +129,7 @@ int CScintillaWnd::StartBoxComment() {
             if (bytesAt(next, C) != end.str()) insert(next, end + "\n");
         }
     }
-    if (moveCaret) {
-        SendEditor(SCI_GOTOPOS, WPARAM(E));
-        SendEditor(SCI_SETCURRENTPOS, WPARAM(S));
-    } else {
-        SendEditor(SCI_SETSEL, WPARAM(S), E);
-    }
+    restoreCommentSelection(moveCaret, S, E);
     SendEditor(SCI_ENDUNDOACTION);
     return 1;
 }
