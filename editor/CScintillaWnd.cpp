@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <dlfcn.h>
 #include <exception>
+#include <iterator>
 
 #include "CGotoDlg.h"
 #include "CKTRegistry.h"
@@ -143,6 +144,7 @@ LRESULT CScintillaWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 
 void CScintillaWnd::initScintilla() {
     trace("CScintillaWnd::initScintilla", __LINE__);
+    matchDocumentStyling(keyWordUsingPreCreate != 0);
     ApplyProFile();
     if (keyWordUsingPreCreate) {
         SetKeywordStyle();
@@ -206,6 +208,39 @@ void CScintillaWnd::initScintilla() {
     SendEditor(SCI_INDICSETSTYLE, 29, INDIC_STRAIGHTBOX);
     SendEditor(SCI_INDICSETALPHA, 29, 192);
     SendEditor(SCI_INDICSETUNDER, 29, 1);
+}
+
+void CScintillaWnd::matchDocumentStyling(bool styled) {
+    const bool hasStyles = !(SendEditor(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE);
+    if (hasStyles == styled) return;
+    // A window without a lexer shows everything in style 0, so its document keeps no style
+    // bytes: every edit then moves half the memory, which is what an output window that
+    // appends and trims on every line spends its time on. The swap happens only while the
+    // document is empty, or when a styled document is needed again, carrying the text over.
+    const long length = SendEditor(SCI_GETLENGTH);
+    if (!styled && length > 0) return;
+    CString text;
+    if (length > 0) text = GetText();
+    const bool modified = SendEditor(SCI_GETMODIFY) != 0;
+    // Settings that belong to the document rather than the view go over to the new one.
+    static constexpr struct { long get, set; } kDocumentSettings[] = {
+        {SCI_GETCODEPAGE, SCI_SETCODEPAGE}, {SCI_GETEOLMODE, SCI_SETEOLMODE},
+        {SCI_GETTABWIDTH, SCI_SETTABWIDTH}, {SCI_GETINDENT, SCI_SETINDENT},
+        {SCI_GETUSETABS, SCI_SETUSETABS}, {SCI_GETTABINDENTS, SCI_SETTABINDENTS},
+        {SCI_GETBACKSPACEUNINDENTS, SCI_SETBACKSPACEUNINDENTS}, {SCI_GETUNDOCOLLECTION, SCI_SETUNDOCOLLECTION},
+        {SCI_GETREADONLY, SCI_SETREADONLY}};
+    long values[std::size(kDocumentSettings)];
+    for (size_t i = 0; i < std::size(kDocumentSettings); ++i) values[i] = SendEditor(kDocumentSettings[i].get);
+    const LPARAM document = LPARAM(SendEditor(SCI_CREATEDOCUMENT, 0, styled ? SC_DOCUMENTOPTION_DEFAULT
+                                                                              : SC_DOCUMENTOPTION_STYLES_NONE));
+    SendEditor(SCI_SETDOCPOINTER, 0, document);
+    SendEditor(SCI_RELEASEDOCUMENT, 0, document);  // the window holds the only reference now
+    if (length > 0) {
+        SendEditor(SCI_SETUNDOCOLLECTION, 0);
+        SendEditor(SCI_APPENDTEXT, WPARAM(text.GetLength()), reinterpret_cast<LPARAM>(text.c_str()));
+        if (!modified) SendEditor(SCI_SETSAVEPOINT);
+    }
+    for (size_t i = 0; i < std::size(kDocumentSettings); ++i) SendEditor(kDocumentSettings[i].set, WPARAM(values[i]));
 }
 
 void CScintillaWnd::UpdateUI() {

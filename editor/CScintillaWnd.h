@@ -186,6 +186,8 @@ public:
 
 protected:
     virtual void initScintilla();
+    // Gives the window a document with style bytes (`styled`) or without, as its lexer needs.
+    void matchDocumentStyling(bool styled);
     virtual void UpdateUI();
     virtual void Refresh();
     virtual void SetLexer(int lexer);

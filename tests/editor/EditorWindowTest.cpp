@@ -115,6 +115,38 @@ TEST_F(EditorTest, InitialiseWithoutKeywordsSkipsLexerAndFoldingButSetsTheRest) 
     EXPECT_EQ(send(SCI_INDICGETALPHA, 29), 192);
 }
 
+TEST_F(EditorTest, DocumentKeepsStyleBytesOnlyWhileALexerNeedsThem) {
+    // The fixture's window starts with a lexer; an empty window without one drops its styles.
+    EXPECT_EQ(send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE, 0);
+    send(SCI_SETTABWIDTH, 7);
+    editor->keyWordUsingPreCreate = 0;
+    editor->initScintilla();
+    EXPECT_NE(send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE, 0);
+    EXPECT_EQ(send(SCI_GETCODEPAGE), SC_CP_UTF8);
+    EXPECT_EQ(send(SCI_GETTABWIDTH), 7);
+
+    // Back to a lexer with text in the window: the text, its save point and the read-only
+    // state go over to the styled document, and the lexer colours it.
+    editor->SetText("select 1 -- \xed\x95\x9c\r\n", 0);
+    send(SCI_SETSAVEPOINT);
+    send(SCI_SETREADONLY, 1);
+    editor->keyWordUsingPreCreate = 1;
+    editor->initScintilla();
+    EXPECT_EQ(send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE, 0);
+    EXPECT_STREQ(text().c_str(), "select 1 -- \xed\x95\x9c\r\n");
+    EXPECT_EQ(send(SCI_GETMODIFY), 0);
+    EXPECT_EQ(send(SCI_GETREADONLY), 1);
+    EXPECT_EQ(send(SCI_GETCODEPAGE), SC_CP_UTF8);
+    send(SCI_COLOURISE, 0, -1);
+    EXPECT_EQ(send(SCI_GETSTYLEAT, 0), 5);  // keyword
+
+    // A document with text never loses it to drop style bytes.
+    editor->keyWordUsingPreCreate = 0;
+    editor->initScintilla();
+    EXPECT_EQ(send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE, 0);
+    EXPECT_STREQ(text().c_str(), "select 1 -- \xed\x95\x9c\r\n");
+}
+
 TEST_F(EditorTest, MessagesReachTheEngineThroughTheWindow) {
     load("abc");
     EXPECT_EQ(editor->SendMessage(SCI_GETLENGTH), 3);
