@@ -1,0 +1,144 @@
+// The read-only viewer: output goes in only through its guarded operations, the user cannot
+// change it, it keeps no undo, and its scroll range follows the longest line.
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "CKTRegistry.h"
+#include "CKTScinReadWnd.h"
+#include "CommandIds.h"
+#include "QuillEngine.h"
+#include "ScratchRegistry.h"
+
+namespace {
+class TestViewer : public CKTScinReadWnd {
+public:
+    using CKTScinReadWnd::adjustHScrollSize;
+    using CKTScinReadWnd::SendEditor;
+};
+
+class ReadWindowTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        frame = std::make_unique<CWnd>();
+        ASSERT_TRUE(frame->CreateEx(0, "QuillboxFrame", "frame", WS_VISIBLE, RECT{0, 0, 640, 480}, nullptr, 0));
+        viewer = std::make_unique<TestViewer>();
+    }
+    void create(int keywords = 1) {
+        CRect rect(0, 0, 600, 400);
+        ASSERT_NE(viewer->Create("output", rect, frame.get(), keywords), 0);
+    }
+    long send(long m, WPARAM w = 0, LPARAM l = 0) { return viewer->SendEditor(m, w, l); }
+    bool clearContentEnabled() {
+        CCmdUI ui(cmd::EditClear);
+        viewer->UpdateCommandUI(cmd::EditClear, &ui);
+        return ui.IsEnabled();
+    }
+
+    ScratchRegistry registry;
+    std::unique_ptr<CWnd> frame;
+    std::unique_ptr<TestViewer> viewer;
+};
+
+TEST_F(ReadWindowTest, CreatesAReadOnlyViewerWithLineNumbersAndNoUndo) {
+    create();
+    EXPECT_EQ(viewer->GetDlgCtrlID(), int(CKTScinReadWnd::kChildId));
+    EXPECT_EQ(send(SCI_GETREADONLY), 1);
+    EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
+    EXPECT_EQ(viewer->GetDisplayLinenumbers(), 1);
+    EXPECT_EQ(viewer->GetDisplaySelection(), 0);
+    EXPECT_EQ(send(SCI_STYLEGETBACK, STYLE_DEFAULT), 0xC0C0C0);  // the user's read-only colour
+
+    // Restyling keeps all of that.
+    viewer->ApplyVisualOption();
+    EXPECT_EQ(send(SCI_GETREADONLY), 1);
+    EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
+    EXPECT_EQ(viewer->GetDisplayLinenumbers(), 1);
+}
+
+TEST_F(ReadWindowTest, OnlyTheGuardedOperationsChangeTheText) {
+    create();
+    EXPECT_FALSE(clearContentEnabled());
+    viewer->SetText("first\r\n", 0);
+    EXPECT_EQ(send(SCI_GETREADONLY), 1);
+    viewer->AppendText(CString("second\r\n"));
+    viewer->AppendText("third\r\n", 100, 10, true);
+    EXPECT_STREQ(viewer->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
+    EXPECT_EQ(send(SCI_GETREADONLY), 1);
+    EXPECT_EQ(send(SCI_CANUNDO), 0);
+    EXPECT_TRUE(clearContentEnabled());
+
+    // The user's keys, cut and paste leave it alone.
+    viewer->SetFocus();
+    QTest::keyClicks(viewer->engine()->viewport(), "typed");
+    send(SCI_SETSEL, 0, 5);
+    viewer->Cut();
+    viewer->Paste();
+    EXPECT_STREQ(viewer->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
+
+    viewer->SendMessage(WM_COMMAND, cmd::EditClear, 0);
+    EXPECT_TRUE(viewer->IsEmpty());
+    EXPECT_EQ(send(SCI_GETREADONLY), 1);
+    EXPECT_FALSE(clearContentEnabled());
+}
+
+TEST_F(ReadWindowTest, AppendsKeepTheLineLimit) {
+    create(0);
+    for (int i = 0; i < 300; ++i) {
+        CString line;
+        line.Format("row %d\r\n", i);
+        viewer->AppendText(line, 100, 10, true);
+    }
+    EXPECT_LE(viewer->GetLineCount(), 91);
+    EXPECT_NE(viewer->GetText().Find("row 299\r\n"), -1);
+    EXPECT_EQ(send(SCI_GETREADONLY), 1);
+    // No room above the slack: each append replaces the document.
+    viewer->AppendText("only\r\n", 5, 5, false);
+    EXPECT_STREQ(viewer->GetText().c_str(), "only\r\n");
+}
+
+TEST_F(ReadWindowTest, ScrollRangeFollowsTheLongestLineAndNeverShrinks) {
+    create();
+    const long charWidth = send(SCI_TEXTWIDTH, STYLE_DEFAULT, reinterpret_cast<LPARAM>("A"));
+    // After every change a full look at all lines must find nothing wider than what the
+    // change itself left, whichever lines it touched.
+    auto settled = [&] {
+        const long width = send(SCI_GETSCROLLWIDTH);
+        viewer->adjustHScrollSize();
+        return send(SCI_GETSCROLLWIDTH) == width;
+    };
+    viewer->SetText("x\r\n" + CString('y', 40) + "\r\nshort", 0);
+    EXPECT_GE(send(SCI_GETSCROLLWIDTH), 40 * charWidth);
+    EXPECT_TRUE(settled());
+    viewer->AppendText(CString('z', 70));  // lengthens the last line
+    EXPECT_TRUE(settled());
+    EXPECT_GE(send(SCI_GETSCROLLWIDTH), 75 * charWidth);
+    viewer->AppendText("\rcr\n" + CString('w', 120) + "\r\n", 6, 1, false);  // trims, mixed line ends
+    EXPECT_TRUE(settled());
+    EXPECT_GE(send(SCI_GETSCROLLWIDTH), 120 * charWidth);
+
+    // Someone narrows the range: the next change measures every line again.
+    send(SCI_SETSCROLLWIDTH, 1);
+    viewer->AppendText(CString("\r\n"));
+    EXPECT_GE(send(SCI_GETSCROLLWIDTH), 120 * charWidth);
+
+    // Emptying keeps the range; a short text does not narrow it.
+    const long wide = send(SCI_GETSCROLLWIDTH);
+    viewer->ClearContent();
+    viewer->SetText("a\r\nb", 0);
+    EXPECT_EQ(send(SCI_GETSCROLLWIDTH), wide);
+}
+
+TEST_F(ReadWindowTest, WithoutKeywordsOnlyTheTextColourActs) {
+    {
+        CKTRegistry key;
+        ASSERT_TRUE(key.Open(HKEY_CURRENT_USER, "Software\\Quillbox\\Settings\\Editor Color\\Readonly"));
+        key.SetDWORD("Text", 0x123456);
+        key.SetDWORD("Keyword", 0x654321);
+    }
+    create(0);
+    EXPECT_EQ(send(SCI_STYLEGETFORE, 0), 0x123456);
+    EXPECT_NE(send(SCI_STYLEGETFORE, 5), 0x654321);
+}
+}  // namespace
