@@ -1,0 +1,207 @@
+// Loading, saving, deleting and walking values through the toolkit, on a scratch store.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <set>
+#include <string>
+
+#include "CReg.h"
+#include "ScratchRegistry.h"
+
+namespace {
+class RegKit : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(root.Create(HKEY_CURRENT_USER, "Software\\RegKitTest", REG_ACCESS_DELETE)); }
+    ScratchRegistry registry;
+    CReg root;
+};
+}  // namespace
+
+TEST_F(RegKit, ValuesRoundTripWithAndWithoutASubKey) {
+    EXPECT_TRUE(root.SaveNumber("n", 42));
+    EXPECT_TRUE(root.SaveString("Inner\\Deep", "s", "text"));  // the sub key is made on the way
+    unsigned char bytes[] = {1, 0, 2};
+    EXPECT_TRUE(RegSaveBinary(root, nullptr, "b", bytes, sizeof bytes));
+
+    unsigned long n = 0;
+    EXPECT_TRUE(root.LoadNumber("n", &n));
+    EXPECT_EQ(n, 42ul);
+    CString s;
+    EXPECT_TRUE(root.LoadStringA("Inner\\Deep", "s", s));
+    EXPECT_EQ(s, "text");
+    EXPECT_EQ(s.GetLength(), 4);  // without the closing zero
+    unsigned char back[3] = {};
+    EXPECT_FALSE(root.LoadBinary("b", back, 2));
+    EXPECT_TRUE(root.LoadBinary("b", back, 3));
+    EXPECT_EQ(std::memcmp(back, bytes, 3), 0);
+
+    char small[4];
+    EXPECT_FALSE(root.LoadStringA("Inner\\Deep", "s", small, sizeof small));  // 5 bytes stored
+    char exact[5];
+    EXPECT_TRUE(root.LoadStringA("Inner\\Deep", "s", exact, sizeof exact));
+    EXPECT_STREQ(exact, "text");
+
+    char* fresh = nullptr;
+    EXPECT_TRUE(root.LoadNewString("Inner\\Deep", "s", &fresh, nullptr));
+    EXPECT_STREQ(fresh, "text");
+    std::free(fresh);
+}
+
+TEST_F(RegKit, TypesMustFit) {
+    ASSERT_TRUE(root.SaveString("s", "12"));
+    ASSERT_TRUE(root.SaveNumber("n", 12));
+    unsigned long n = 5;
+    EXPECT_FALSE(root.LoadNumber("s", &n));
+    EXPECT_EQ(n, 5ul);
+    CString s = "before";
+    EXPECT_FALSE(root.LoadStringA("n", s));
+    EXPECT_EQ(s, "before");
+    CStringArray list;
+    EXPECT_FALSE(root.LoadStringArr("s", list));
+
+    // Types outside the handled set cannot be saved or loaded.
+    RegVal odd;
+    RegValInit(&odd);
+    odd.type = REG_QWORD;
+    EXPECT_FALSE(root.SaveVal("q", &odd));
+    const unsigned long long wide = 1;
+    ASSERT_EQ(RegSetValueEx(root, "q", 0, REG_QWORD, reinterpret_cast<const BYTE*>(&wide), 8), ERROR_SUCCESS);
+    CRegVal v;
+    EXPECT_FALSE(root.LoadVal("q", &v));
+    EXPECT_EQ(v.type, 0u);
+}
+
+TEST_F(RegKit, ALoadReplacesTheRecordOnlyOnSuccess) {
+    ASSERT_TRUE(root.SaveString("first", "one"));
+    ASSERT_TRUE(root.SaveString("second", "two"));
+    CRegVal v;
+    ASSERT_TRUE(root.LoadVal("first", &v));
+    ASSERT_TRUE(root.LoadVal("second", &v));  // the first buffer is released (ASan would tell)
+    CString s;
+    EXPECT_TRUE(v.GetString(s));
+    EXPECT_EQ(s, "two");
+
+    void* held = v.data;
+    EXPECT_FALSE(root.LoadVal("missing", &v));
+    EXPECT_FALSE(root.LoadVal("NoSuchKey", "second", &v));
+    EXPECT_EQ(v.data, held);
+    EXPECT_EQ(v.type, DWORD(REG_SZ));
+
+    // Expandable strings and links load as strings, not expanded.
+    ASSERT_EQ(RegSetValueEx(root, "x", 0, REG_EXPAND_SZ, reinterpret_cast<const BYTE*>("%HOME%"), 7), ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueEx(root, "l", 0, REG_LINK, reinterpret_cast<const BYTE*>("target"), 7), ERROR_SUCCESS);
+    EXPECT_TRUE(root.LoadStringA("x", s));
+    EXPECT_EQ(s, "%HOME%");
+    EXPECT_TRUE(root.LoadStringA("l", s));
+    EXPECT_EQ(s, "target");
+}
+
+TEST_F(RegKit, MultiStringsThroughTheStore) {
+    CStringArray list;
+    list.Add("a");
+    list.Add("bc");
+    ASSERT_TRUE(root.SaveStringArr("m", list));
+    ASSERT_TRUE(root.SaveStringArr("empty", static_cast<const char* const*>(nullptr), 0));
+
+    CRegVal raw;
+    ASSERT_TRUE(root.LoadVal("empty", &raw));
+    EXPECT_EQ(raw.type, DWORD(REG_MULTI_SZ));
+    EXPECT_EQ(raw.size, 2u);
+    CStringArray back;
+    back.Add("stale");
+    EXPECT_TRUE(root.LoadStringArr("empty", back));
+    EXPECT_EQ(back.GetSize(), 0);
+
+    EXPECT_TRUE(root.LoadStringArr("m", back));
+    ASSERT_EQ(back.GetSize(), 2);
+    EXPECT_EQ(back[1], "bc");
+    char* cells[2] = {nullptr, nullptr};
+    EXPECT_FALSE(root.LoadStringArr("m", cells, 1));
+    EXPECT_EQ(cells[0], nullptr);
+    char** fresh = nullptr;
+    unsigned long count = 0;
+    ASSERT_TRUE(root.LoadNewStringArr("m", &fresh, &count));
+    ASSERT_EQ(count, 2ul);
+    EXPECT_STREQ(fresh[0], "a");
+    for (unsigned long i = 0; i < count; ++i) std::free(fresh[i]);
+    std::free(fresh);
+}
+
+TEST_F(RegKit, DeletingTreesAndValues) {
+    EXPECT_TRUE(root.DeleteSubKeys());  // no sub keys: nothing to do
+    ASSERT_TRUE(root.SaveNumber("A\\B\\C", "v", 1));
+    ASSERT_TRUE(root.SaveNumber("A\\D", "v", 2));
+    ASSERT_TRUE(root.SaveNumber("E", "v", 3));
+    ASSERT_TRUE(root.SaveNumber("top", 4));
+
+    unsigned long keys = 9, values = 9;
+    EXPECT_TRUE(root.HasEntries(&keys, &values));
+    EXPECT_EQ(keys, 2ul);
+    EXPECT_EQ(values, 1ul);
+    EXPECT_FALSE(root.HasEntries("Nope", &keys, &values));
+    EXPECT_EQ(keys, 0ul);
+    EXPECT_EQ(values, 0ul);
+
+    EXPECT_TRUE(root.DeleteKey("E", "v"));       // a value of a sub key
+    EXPECT_TRUE(root.HasEntries("E", &keys, &values));
+    EXPECT_EQ(values, 0ul);
+    EXPECT_TRUE(root.DeleteKey("A", nullptr));   // a whole tree
+    EXPECT_FALSE(root.HasEntries("A", &keys, &values));
+    EXPECT_TRUE(root.DeleteKey("top"));          // a value of the held key
+    EXPECT_TRUE(root.DeleteSubKeys());
+    EXPECT_TRUE(root.HasEntries(&keys, &values));
+    EXPECT_EQ(keys, 0ul);
+    EXPECT_EQ(values, 0ul);
+
+    // Null: the sub keys, then the held key itself.
+    ASSERT_TRUE(root.SaveNumber("F\\G", "v", 1));
+    EXPECT_TRUE(root.DeleteKey(static_cast<const char*>(nullptr)));
+    root.Close();
+    EXPECT_EQ(RegOpen(HKEY_CURRENT_USER, "Software\\RegKitTest", REG_ACCESS_READ), nullptr);
+}
+
+TEST_F(RegKit, AClosedKeyAnswersFalse) {
+    CReg closed;
+    unsigned long n = 0;
+    EXPECT_FALSE(closed.LoadNumber("n", &n));
+    EXPECT_FALSE(closed.SaveNumber("n", 1));
+    EXPECT_FALSE(closed.DeleteKey("n"));
+    EXPECT_FALSE(closed.DeleteSubKeys());
+    const char* name = nullptr;
+    CRegVal v;
+    EXPECT_FALSE(closed.FindFirstValue(name, &v));
+    EXPECT_EQ(RegOpen(HKEY_CURRENT_USER, "Software\\RegKitTest\\Missing", REG_ACCESS_READ), nullptr);
+    EXPECT_NE(closed.Connect(HKEY_CURRENT_USER, nullptr), nullptr);  // this machine
+    CReg other;
+    EXPECT_EQ(other.Connect(HKEY_CURRENT_USER, "\\\\elsewhere.invalid"), nullptr);
+}
+
+TEST_F(RegKit, TheValueWalkVisitsEveryValueOnce) {
+    ASSERT_TRUE(root.SaveNumber("one", 1));
+    ASSERT_TRUE(root.SaveString("a much longer value name", "two"));
+    ASSERT_TRUE(root.SaveNumber("three", 3));
+
+    std::set<std::string> seen;
+    const char* name = nullptr;
+    CRegVal v;
+    for (bool more = root.FindFirstValue(name, &v); more; more = root.FindNextValue(name, &v)) {
+        EXPECT_TRUE(seen.insert(name).second);
+        EXPECT_NE(v.type, 0u);
+    }
+    EXPECT_EQ(seen, (std::set<std::string>{"one", "a much longer value name", "three"}));
+    EXPECT_FALSE(root.FindNextValue(name, &v));
+
+    // A key without values gives false and leaves the earlier walk's name where it was.
+    ASSERT_TRUE(root.FindFirstValue(name, &v));
+    const char* earlier = name;
+    const std::string earlierText = name;
+    CReg empty;
+    ASSERT_TRUE(empty.Create(root, "Empty", REG_ACCESS_DELETE));
+    const char* untouched = nullptr;
+    EXPECT_FALSE(empty.FindFirstValue(untouched, &v));
+    EXPECT_EQ(untouched, nullptr);
+    EXPECT_EQ(std::string(earlier), earlierText);
+    CReg::FindClose();
+    EXPECT_FALSE(root.FindNextValue(name, &v));
+}
