@@ -15,6 +15,8 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/platform/Registry.h
   ${PROJECT_SOURCE_DIR}/platform/Resources.h
   ${PROJECT_SOURCE_DIR}/platform/System.h
+  ${PROJECT_SOURCE_DIR}/platform/CDC.h
+  ${PROJECT_SOURCE_DIR}/platform/Controls.h
   ${PROJECT_SOURCE_DIR}/engine/ScintillaConstants.h
   ${PROJECT_SOURCE_DIR}/engine/EngineTypes.h
   ${PROJECT_SOURCE_DIR}/engine/QuillEngine.h
@@ -26,11 +28,17 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/text/PropSet.h
   ${PROJECT_SOURCE_DIR}/text/PropSetFile.h
   ${PROJECT_SOURCE_DIR}/text/StyleDefinition.h
+  ${PROJECT_SOURCE_DIR}/text/WordList.h
   ${PROJECT_SOURCE_DIR}/editor/CScintillaWnd.h
+  ${PROJECT_SOURCE_DIR}/editor/Accessor.h
+  ${PROJECT_SOURCE_DIR}/editor/WindowAccessor.h
   ${PROJECT_SOURCE_DIR}/appwnd/CKTScinWnd.h
+  ${PROJECT_SOURCE_DIR}/appwnd/CKTScinReadWnd.h
   ${PROJECT_SOURCE_DIR}/sqledit/CKTSQLEditWnd.h
   ${PROJECT_SOURCE_DIR}/sqledit/CodeLanguages.h
   ${PROJECT_SOURCE_DIR}/dialogs/CGotoDlg.h
+  ${PROJECT_SOURCE_DIR}/dialogs/CMemComboBox.h
+  ${PROJECT_SOURCE_DIR}/module/CReg.h
   ${PROJECT_SOURCE_DIR}/kits/tablekit/CFileDialogEx.h
   ${PROJECT_SOURCE_DIR}/kits/namekit/CNamekitMgr.h
   ${PROJECT_SOURCE_DIR}/kits/namekit/SqliteNamekitMgr.h

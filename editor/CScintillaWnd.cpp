@@ -7,6 +7,8 @@
 #include <exception>
 #include <iterator>
 
+#include "CEditReplaceDlg.h"
+#include "CFindTextDlg.h"
 #include "CGotoDlg.h"
 #include "CKTRegistry.h"
 #include "CKTUtilTrace.h"
@@ -176,6 +178,7 @@ void CScintillaWnd::initScintilla() {
         SetFont(name, (unsigned long)(size * 10));
     }
     indentClosing = props.GetInt("indent.closing", 0);
+    blockEnd = GetStyleAndWords("block.end");
 
     static constexpr struct { long style; COLORREF colour; } kStyleColours[] = {
         {0, 0x000000}, {1, 0x009100}, {2, 0x009100}, {3, 0x009100}, {4, 0x0000FF}, {5, 0xFF0000},
@@ -190,11 +193,7 @@ void CScintillaWnd::initScintilla() {
     SendEditor(SCI_SETTABINDENTS, 0);
     static constexpr struct { long marker, symbol; COLORREF back; } kMarks[] = {
         {0, SC_MARK_ROUNDRECT, 0xFDD228}, {1, SC_MARK_ROUNDRECT, 0x9F80FF}, {2, SC_MARK_SHORTARROW, 0x0FFFF3}};
-    for (const auto& m : kMarks) {
-        SendEditor(SCI_MARKERDEFINE, WPARAM(m.marker), m.symbol);
-        SendEditor(SCI_MARKERSETFORE, WPARAM(m.marker), 0x000000);
-        SendEditor(SCI_MARKERSETBACK, WPARAM(m.marker), LPARAM(m.back));
-    }
+    for (const auto& m : kMarks) DefineMarker(int(m.marker), int(m.symbol), 0x000000, m.back);
     {
         CKTMgrSetting setting(0);
         SetDisplayFolding(setting.GetBOOL("Folding Margin", 1));
@@ -263,8 +262,6 @@ int CScintillaWnd::SetEncoding(int codePage) {
     return ansiCodePage;
 }
 
-void CScintillaWnd::CharAdded(char) {}
-
 long CScintillaWnd::OnCheckCopy(WPARAM, LPARAM) { return 1; }
 
 void CScintillaWnd::OnSetFocus(CWnd* oldWindow) {
@@ -301,8 +298,6 @@ int CScintillaWnd::DoDropText(COleDataObject* data, const CPoint&) {
     DropText(&at, CString(bytes->constData()));
     return 1;
 }
-
-void CScintillaWnd::HighLightingText() {}
 
 const MessageMap* CScintillaWnd::GetMessageMap() const { return GetThisMessageMap(); }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "CDC.h"
 #include "CString.h"
 #include "CWnd.h"
 #include "EngineTypes.h"
@@ -14,8 +15,25 @@
 #include "SString.h"
 #include "StyleDefinition.h"
 
+class CEditReplaceDlg;
+class CFindTextDlg;
 class CGotoDlg;
 class QuillEngine;
+
+// A lexer style and words in it: how block words reach automatic indentation. The words are
+// blank-separated, or a punctuation character to look for; empty means not configured.
+struct StyleAndWords {
+    int style = 0;
+    SString words;
+};
+
+// The block role of a line for automatic indentation.
+enum IndentationStatus {
+    IndentNone = 0,          // says nothing about blocks
+    IndentBlockStart = 1,    // opens a block
+    IndentBlockEnd = 2,      // closes a block
+    IndentKeywordStart = 3,  // a statement keyword that indents only the next line
+};
 
 class QUILLBOX_EXPORT CScintillaWnd : public CWnd {
 public:
@@ -175,6 +193,67 @@ public:
     void DeleteChar() { Clear(); }
     void DelWordLeft() { DelCtrlBack(); }
 
+    // Marks: engine markers in the margin (0 bookmark, 1 breakpoint, 2 the host's). Lines
+    // count from 1; -1 is the caret's line for the members that take a marker.
+    virtual void AddBookmark(long line);
+    virtual void DeleteBookmark(long line);
+    virtual int HasBookmark(long line);
+    // To the next marked line below (above) the caret's, without wrapping.
+    virtual void FindNextBookmark();
+    virtual void FindPreviousBookmark();
+    void AddBreakPoint(long line);
+    void AddMark(int marker, int line);
+    int HasMark(int marker, int line);
+    void DeleteMark(int marker, int line);
+    void DeleteAllMark(int marker);
+    void ToggleMark(int marker, int line);
+    // As the bookmark searches, wrapping round the document.
+    void FindNextMark(int marker);
+    void FindPreviousMark(int marker);
+    // The error mark: while the selection keeps one of its ends, no word highlight shows.
+    void SetErrorMark(bool on, long start, long end);
+    // Selects the word at (offset x, line y counted from 0) and holds it as the error mark.
+    void SelectErrorMark(CPoint where);
+
+    // Find and replace, driven by the window's find state (findText, matchCase, ...).
+    // Find and Replace show their modeless dialog, made on first use and kept until the
+    // window goes; FindNext gives the match's position or -1; PlayReplace and
+    // ReplaceAll(bool) are the replace dialog's buttons and tell the user what happened.
+    void Find();
+    int FindNext(bool reverse, bool showWarnings);
+    void Replace();
+    bool PlayReplace();
+    // The count of replacements; -1 for an empty find text, -2 for an empty selection.
+    int ReplaceAll(bool inSelection);
+    // The fourth argument has no effect.
+    void SetFindFlag(int wholeWord, int matchCase, int regExp, int unused, int wrap);
+    CFindTextDlg* GetFindDialog() const { return findDialog.get(); }
+    CEditReplaceDlg* GetReplaceDialog() const { return replaceDialog.get(); }
+    // The direct family: texts as arguments, the engine's SCFIND_ bits from SetSearchflags,
+    // no messages to the user.
+    virtual void SetSearchflags(int flags);
+    virtual int ReplaceAll(char const* find, char const* replace, int inSelection);
+    virtual void ReplaceSearchedText(CString text);
+    // The dialogs write the find state before each operation.
+    friend class CFindTextDlg;
+    friend class CEditReplaceDlg;
+
+    // Automatic indentation, word completion and brace matching.
+
+    // Printing and preview.
+    // Prints the document, or the selection when the dialog says so, with the header and
+    // footer of the property file. True shows the print dialog; false prints at once on the
+    // default printer. A cancelled dialog prints nothing and says nothing.
+    void Print(bool showDialog);
+    // The same pass on the caller's `dc` (all pages; the selection when there is one). The DC
+    // is deleted at the end (CDC::DeleteDC) and is not to be drawn on again. `info` is unused.
+    long PrintPreview(CDC* dc, CPrintInfo* info);
+    // Draws [start, end) of the document into `rect` of `dc` without header or footer; the
+    // caller starts and ends the page. Returns where the next page would begin.
+    long PrintPage(CDC* dc, CPrintInfo* info, long start, long end, CRect rect);
+    // Sets the template keys of the date, the time and the (empty) file keys in `target`.
+    void SetFileProperties(PropSet& target);
+
     void SetNoFocusOnSetText(int value) { noFocusOnSetText = value; }
     void SetKeyWordUsingPreCreate(int value) { keyWordUsingPreCreate = value; }
     QuillEngine* engine() const;
@@ -261,8 +340,98 @@ protected:
     std::string bytesAt(long position, long length);
     void restoreCommentSelection(bool moveCaret, long start, long end);
 
-    // Filled by the marks layer; until then it does nothing.
+    // Marks and the word highlight.
+    void DefineMarker(int marker, int symbol, unsigned long fore, unsigned long back);
+    // Lights every visible occurrence of the selected word, when a whole word is selected.
     virtual void HighLightingText();
+    // Lights the matches of `text` between `start` and `end` with the highlight indicator.
+    void MarkAll(char* text, int start, int end);
+    bool isQualifiedWord(CString text);  // no separator in it
+    bool isWordChar(CString text);       // its first byte is no separator
+    void clearIndicator(int indicator);
+    void RemoveFindMarks();
+    int markLine(int line);  // -1 becomes the caret's line
+    void goToMark(int marker, bool forward, bool wrap);
+
+    // Find and replace (protected).
+    // 1 when found (the match selected), else 0; no wrap-around.
+    virtual int SearchForward(CString text);
+    virtual int SearchBackward(CString text);
+    // Takes the selection, or the word at the caret, into findText; a text that is empty or
+    // starts with a line end leaves findText alone. The argument has no effect.
+    void selectionIntoFind(bool unused);
+    // One search of the engine's target from start to end (backward when start > end) under
+    // the search flags as they stand; the match's position or -1.
+    int FindInTarget(char const* text, int length, int start, int end);
+    // Replaces the confirmed match, then finds the next.
+    void ReplaceOnce();
+    // The replacing loop of ReplaceAll(bool), one undo step, without messages.
+    int DoReplaceAll(bool inSelection);
+    // Clears regExp when findText holds a line end or tab escape, which the engine's
+    // expressions do not know; the text is then decoded and searched as plain text.
+    void backSlashExprCheck();
+    // Decodes `text` in place as unescape and regExp ask; the length to search with, which
+    // stops at a decoded zero byte.
+    int UnescapeAsNeeded(SString& text);
+    // The flag word of the dialog family; SCFIND_POSIX from the property file when asked.
+    int dialogSearchFlags(bool withPosix);
+    // Puts the find state at the top of the replace dialog's two history combos.
+    void fillReplaceHistory();
+
+    // Automatic indentation, word completion and brace matching (protected).
+    // Indentation follows "indent.automatic": a new line takes the indentation of the block it
+    // is in, judged from the lexer's styles and the block words ("block.end").
+    void MaintainIndentation(char ch);
+    void AutomaticIndentation(char ch);
+    // The indentation the line after `line` should have; 0 for a negative line.
+    int IndentOfBlock(int line);
+    IndentationStatus GetIndentState(int line);
+    // A property value "style words" for `key` or `key` followed by a pattern matching SQL.
+    StyleAndWords GetStyleAndWords(const char* key);
+    // Fills up to `count` of `parts` with the line's runs of text in style1 or style2, in
+    // line order, and empties the rest; returns the number filled.
+    unsigned int GetLinePartsInStyle(int line, int style1, int style2, SString* const parts, int count);
+    // True when [start, end) holds only blanks and tabs; an empty or reversed range is true.
+    bool RangeIsAllWhitespace(int start, int end);
+    // Sets a line's indentation (negative does nothing) and keeps the selection on the same
+    // text; fromLineStart counts a caret at the line's start as behind the indentation.
+    void SetLineIndentation(int line, int indent, bool fromLineStart);
+    // The same for the Tab and Untab commands: a caret keeps its place in the line's text.
+    void SetLineIndentationForFileEditor(int line, int indent);
+    int GetLineIndentation(int line);
+    int GetCurrentLineNumber();
+    // The indentation unit: the engine's indentation size, or its tab width when none is set.
+    int indentUnit();
+
+    // Offers the document's words that begin like the word before the caret; true if a list
+    // shows. The argument has no effect.
+    bool StartAutoCompleteWord(int);
+    bool FloatingCompleteWordWnd(char* list, int length);
+    // A byte that ends a word for completion.
+    static bool IsCompleteWord(char ch);
+    // Text of a line with its line end; a negative line means the caret's line.
+    SString GetLine(int line);
+    // Bytes from the start of the caret's line to the caret.
+    int GetCaretInLine();
+    // Jumps to the brace that pairs with the one next to the caret; with select, selects
+    // between the two.
+    void GoMatchingBrace(bool select);
+    static bool IsBrace(char ch);
+    // Finds a brace next to the caret (before it; with sloppy, else after it) and its partner;
+    // true when the caret stands inside the pair. Positions are -1 when not found.
+    bool FindMatchingBracePosition(bool editor, int& braceAtCaret, int& braceOpposite, bool sloppy);
+
+    // The selection as text, or the word round an empty selection; stripEol drops one line
+    // end from the end of the text.
+    SString SelectionWord(bool stripEol);
+    SString SelectionExtend(bool (CScintillaWnd::*isWordChar)(char) const, bool stripEol);
+    SString RangeExtendAndGrab(int start, int end, bool (CScintillaWnd::*isWordChar)(char) const, bool stripEol);
+
+    // Printing and preview (protected).
+    // One print pass on `dc`: pages from 1, those outside [firstPage, lastPage] measured but
+    // not drawn when `pageRange`; the DC is deleted at the end. A document that cannot be
+    // started ends the pass when `endWhenNotStarted`. Returns the engine's final answer.
+    long printPass(CDC& dc, bool selectionOnly, bool pageRange, int firstPage, int lastPage, bool endWhenNotStarted);
 
     long SendEditor(long message, WPARAM wParam = 0, LPARAM lParam = 0);
     int sendStringToScin(int message, CString text);
@@ -313,6 +482,20 @@ protected:
     int ansiCodePage = 949;
     std::unique_ptr<CGotoDlg> gotoDialog;
     CString lastFileError;
+
+    // Find and replace state beyond the find fields above.
+    std::unique_ptr<CFindTextDlg> findDialog;
+    std::unique_ptr<CEditReplaceDlg> replaceDialog;
+
+    // Indentation and completion state.
+    StyleAndWords statementIndent, blockEnd, blockStart;
+    int indentOpening = 0;      // non-zero: an opening word stands at the inner indentation
+    int statementLookback = 0;  // lines before a line that IndentOfBlock may look at
+
+    // Printer state.
+    // The printer setup from one print dialog to the next.
+    std::unique_ptr<DEVMODE> printDevMode;
+    std::unique_ptr<DEVNAMES> printDevNames;
 
 private:
     // The bytes of a range as they are; the name is kept from code-page days.

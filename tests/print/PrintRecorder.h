@@ -1,0 +1,124 @@
+#pragma once
+// A paint device for print tests that records what is drawn on it, page by page: texts with
+// their font, colour and baseline, filled rectangles and lines. RecordingDC counts documents
+// and pages on it.
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QPaintEngineState>
+#include <QTextItem>
+#include <memory>
+#include <vector>
+
+#include "CDC.h"
+
+struct PrintRecord {
+    struct Text { int page; QString text; QPointF baseline; QFont font; QColor colour; };
+    struct Fill { int page; QRectF rect; QColor colour; };
+    struct Line { int page; QLineF line; QColor colour; };
+    std::vector<Text> texts;
+    std::vector<Fill> fills;
+    std::vector<Line> lines;
+    std::vector<QString> documents;   // names given to StartDoc
+    int page = 0;                     // pages started so far; drawings belong to the last
+    int pagesEnded = 0;
+    int documentsEnded = 0;
+
+    // The texts of one page whose baselines lie in [top, bottom), joined without blanks.
+    QString textOf(int onPage, double top = -1e9, double bottom = 1e9) const {
+        QString joined;
+        for (const Text& t : texts)
+            if (t.page == onPage && t.baseline.y() >= top && t.baseline.y() < bottom) joined += t.text;
+        return joined.remove(' ').remove('\n');
+    }
+    const Text* find(const QString& needle) const {
+        for (const Text& t : texts)
+            if (t.text.contains(needle)) return &t;
+        return nullptr;
+    }
+};
+
+class RecordingEngine : public QPaintEngine {
+public:
+    explicit RecordingEngine(PrintRecord& record) : QPaintEngine(AllFeatures), r_(record) {}
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    Type type() const override { return User; }
+    void updateState(const QPaintEngineState& s) override {
+        if (s.state() & DirtyFont) font_ = s.font();
+        if (s.state() & DirtyPen) pen_ = s.pen();
+        if (s.state() & DirtyBrush) brush_ = s.brush();
+    }
+    void drawTextItem(const QPointF& p, const QTextItem& item) override {
+        r_.texts.push_back({r_.page, item.text(), p, font_, pen_.color()});
+    }
+    void drawRects(const QRectF* rects, int n) override {
+        for (int i = 0; i < n; ++i) r_.fills.push_back({r_.page, rects[i], brush_.color()});
+    }
+    void drawRects(const QRect* rects, int n) override {
+        for (int i = 0; i < n; ++i) r_.fills.push_back({r_.page, QRectF(rects[i]), brush_.color()});
+    }
+    void drawLines(const QLineF* lines, int n) override {
+        for (int i = 0; i < n; ++i) r_.lines.push_back({r_.page, lines[i], pen_.color()});
+    }
+    void drawLines(const QLine* lines, int n) override {
+        for (int i = 0; i < n; ++i) r_.lines.push_back({r_.page, QLineF(lines[i]), pen_.color()});
+    }
+    void drawPath(const QPainterPath&) override {}
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    void drawPolygon(const QPoint*, int, PolygonDrawMode) override {}
+    void drawPoints(const QPointF*, int) override {}
+    void drawPoints(const QPoint*, int) override {}
+    void drawEllipse(const QRectF&) override {}
+    void drawEllipse(const QRect&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawImage(const QRectF&, const QImage&, const QRectF&, Qt::ImageConversionFlags) override {}
+    void drawTiledPixmap(const QRectF&, const QPixmap&, const QPointF&) override {}
+
+private:
+    PrintRecord& r_;
+    QFont font_;
+    QPen pen_;
+    QBrush brush_;
+};
+
+class RecordingDevice : public QPaintDevice {
+public:
+    RecordingDevice(PrintRecord& record, int width, int height, int dpi)
+        : engine_(record), width_(width), height_(height), dpi_(dpi) {}
+    QPaintEngine* paintEngine() const override { return const_cast<RecordingEngine*>(&engine_); }
+
+protected:
+    int metric(PaintDeviceMetric m) const override {
+        switch (m) {
+            case PdmWidth: return width_;
+            case PdmHeight: return height_;
+            case PdmWidthMM: return int(width_ * 25.4 / dpi_);
+            case PdmHeightMM: return int(height_ * 25.4 / dpi_);
+            case PdmNumColors: return 0xFFFFFF;
+            case PdmDepth: return 32;
+            case PdmDpiX: case PdmDpiY: case PdmPhysicalDpiX: case PdmPhysicalDpiY: return dpi_;
+            case PdmDevicePixelRatio: return 1;
+            case PdmDevicePixelRatioScaled: return int(QPaintDevice::devicePixelRatioFScale());
+            default: return 0;
+        }
+    }
+
+private:
+    RecordingEngine engine_;
+    int width_, height_, dpi_;
+};
+
+class RecordingDC : public CDC {
+public:
+    RecordingDC(PrintRecord& record, RecordingDevice& device) : r_(record) { Attach(&device); }
+    int StartDoc(const char* name) override {
+        r_.documents.push_back(QString::fromUtf8(name));
+        return CDC::StartDoc(name);
+    }
+    int EndDoc() override { return ++r_.documentsEnded, CDC::EndDoc(); }
+    int StartPage() override { return ++r_.page, CDC::StartPage(); }
+    int EndPage() override { return ++r_.pagesEnded, CDC::EndPage(); }
+
+private:
+    PrintRecord& r_;
+};
