@@ -5,6 +5,7 @@
 #include "CommandIds.h"
 
 CKTScinReadWnd::CKTScinReadWnd() {
+    SetPopupMenu(IDR_READONLY_MENU, 0);
     SetNoFocusOnSetText(1);  // output arriving must not take the focus from where the user is
 }
 

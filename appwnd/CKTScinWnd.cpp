@@ -239,6 +239,13 @@ int CKTScinWnd::IsTextInClipboard() {
 
 int CKTScinWnd::GetLinesOnScreen() { return int(SendEditor(SCI_LINESONSCREEN)); }
 
+void CKTScinWnd::SetLineFlag(int line, int marker, int set) {
+    if (set)
+        AddMark(marker, line);
+    else
+        DeleteMark(marker, line);
+}
+
 void CKTScinWnd::refreshHScrollSize(int samples) {
     const long charWidth = std::max(1L, SendEditor(SCI_TEXTWIDTH, STYLE_DEFAULT, reinterpret_cast<LPARAM>("A")));
     long longest = std::max(1L, SendEditor(SCI_GETSCROLLWIDTH) / charWidth);
@@ -325,6 +332,16 @@ const MessageMap* CKTScinWnd::GetThisMessageMap() {
         };
         std::vector<MessageMapEntry> list;
         for (const CommandRow& row : simpleCommands()) list.push_back({WM_COMMAND, row.id, runSimpleCommand});
+        list.push_back({WM_COMMAND, cmd::FormatSql, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
+                            static_cast<CKTScinWnd*>(w)->OnFormatSql();
+                            return 0;
+                        }});
+        list.push_back({WM_UPDATE_COMMAND_UI, cmd::FormatSql, [](CWnd* w, WPARAM, LPARAM l) -> LRESULT {
+                            static_cast<CKTScinWnd*>(w)->OnUpdateFormatSql(reinterpret_cast<CCmdUI*>(l));
+                            return 0;
+                        }});
+        const std::vector<MessageMapEntry> menuEntries = MenuCommandEntries();
+        list.insert(list.end(), menuEntries.begin(), menuEntries.end());
         return list;
     }();
     static const MessageMap map{CScintillaWnd::GetThisMessageMap(), entries.data(), entries.size()};

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Accelerators.h"
+#include "CMenu.h"
 #include "CScintillaWnd.h"
 
 struct CCreateContext;
@@ -50,6 +51,8 @@ public:
     int GetFontSize() const;
     void SetReadOnlyMode(int on);
     int SetTextForReadOnly(CString text, int keepUndo);
+    // Adds (`set` non-zero) or removes `marker` on `line`, counted from 1; -1 is the caret's line.
+    void SetLineFlag(int line, int marker, int set);
     void GoToPosFromWindowPoint(CPoint screenPoint);
     void GotoOffset(int delta);
     void EnsureVisible(CPoint place);  // place is (column, line)
@@ -60,6 +63,23 @@ public:
     void SetKeyWordUsingPreCreate(bool on) { keyWordUsingPreCreate = on ? 1 : 0; }
     int GetLinesOnScreen();
     void DeleteSelection() { Clear(); }
+
+    // SQL formatting.
+    // A keyword test of the formatter: 1 when the first `length` bytes of `word` are a word of
+    // its list.
+    using KeywordTestFunc = int (*)(const char* word, int length);
+    // Formats the selection, or the whole text without one, with the format options read
+    // fresh from the settings; one undo step. An empty input only beeps.
+    void FormatSql();
+
+    // Context menu and commands. The host picks the menu resource and the popup in it (-1
+    // for none), and ids to take out: `hide` ids from the popup's top level only, `remove` ids
+    // wherever they stand. Every opening works on a fresh copy of the resource.
+    void SetPopupMenu(UINT menuId, UINT subIndex);
+    void ShowPopupMenu(bool show) { showPopup = show; }
+    void SetRemovePopupMenu(CUIntArray& ids);
+    void SetHideMenuID(std::vector<int>& ids) { hideMenuIds = ids; }
+    void SetCommandBar(CXTPCommandBars* bars) { commandBars = bars; }
 
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     BOOL PreTranslateMessage(MSG* msg) override;
@@ -78,6 +98,48 @@ protected:
     void refreshHScrollSize(int samples);
     void traceEntry(const char* where, int sourceLine) const;
 
+    // SQL formatting (protected).
+    void OnFormatSql();
+    void OnUpdateFormatSql(CCmdUI* ui);  // enabled while the document holds any text
+    // Reads "Keyword Align", "Comma in List", "Keyword Case" and "Multiline" when the settings
+    // key opens; otherwise the options stay as they are.
+    void refreshOptionFormatSQL();
+    // The keyword tests handed to the formatter: reserved words, and function names.
+    static int isSQLKeyword(const char* word, int length);
+    static int isSQLKeyword2(const char* word, int length);
+    KeywordTestFunc getIsKeywordFunc() const { return isKeywordFunc; }
+    KeywordTestFunc getIsListKeywordFunc() const { return isListKeywordFunc; }
+
+    // Context menu and commands (protected).
+    void OnContextMenu(CWnd* window, CPoint screenPoint);
+    // Runs the update handlers of the popup's items before it shows, as a frame would.
+    virtual void OnInitMenuPopup(CMenu* popup, UINT index, BOOL isSystem);
+    static std::vector<MessageMapEntry> MenuCommandEntries();
+    void OnFind();
+    void OnEditRepeat();
+    void OnEditFindPrevious();
+    void OnEditTab();
+    void OnEditUnTab();
+    void OnEditAutoComplete();
+    void OnEditMatchBrace();
+    void OnEditMatchBreaceExtend();
+    void OnEditToggleBookMark();
+    void OnEditGotoNextBookMark();
+    void OnEditGotoPrevBookMark();
+    void OnClearAllBookmarks();
+    void OnPrint();
+    // Exports the text to a file the user picks; the document's own path does not change.
+    void OnFileSaveAsInternal();
+    void OnUpdateEditCopy(CCmdUI* ui);
+    void OnUpdateEditCut(CCmdUI* ui);
+    void OnUpdateEditPaste(CCmdUI* ui);
+    void OnUpdateEditUndo(CCmdUI* ui);
+    void OnUpdateEditRedo(CCmdUI* ui);
+    void OnUpdateEditClearContent(CCmdUI* ui);  // also Save As: both need text
+    void OnUpdateFileSaveAsInternal(CCmdUI* ui) { OnUpdateEditClearContent(ui); }
+    void OnUpdateIndicatorOvr(CCmdUI* ui);
+    void OnUpdateIndicatorRows(CCmdUI* ui);
+
     CString fileFolder;
     CString fileName;
     int debugLogLevel = 0;
@@ -85,4 +147,21 @@ protected:
     CString defaultPath;
     CString saveAsPath;
     HACCEL accelerators = nullptr;
+
+    // Format options.
+    KeywordTestFunc isKeywordFunc = &CKTScinWnd::isSQLKeyword;
+    KeywordTestFunc isListKeywordFunc = &CKTScinWnd::isSQLKeyword2;
+    bool keywordAlign = true;
+    bool commaInList = false;
+    int keywordCase = 0;  // 0 keep, 1 upper, 2 lower, 3 capitalised (see CSQLFormatter)
+    bool multiline = false;
+    bool formatFlag = true;
+
+    // Context menu state.
+    bool showPopup = true;
+    UINT popupMenuId = 8206;
+    UINT popupSubIndex = 0;
+    std::vector<int> hideMenuIds;
+    CUIntArray removeMenuIds;
+    CXTPCommandBars* commandBars = nullptr;
 };

@@ -16,6 +16,7 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/platform/Resources.h
   ${PROJECT_SOURCE_DIR}/platform/System.h
   ${PROJECT_SOURCE_DIR}/platform/CDC.h
+  ${PROJECT_SOURCE_DIR}/platform/CMenu.h
   ${PROJECT_SOURCE_DIR}/platform/Controls.h
   ${PROJECT_SOURCE_DIR}/engine/ScintillaConstants.h
   ${PROJECT_SOURCE_DIR}/engine/EngineTypes.h
@@ -24,6 +25,7 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtilTrace.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtil.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTTextFile.h
+  ${PROJECT_SOURCE_DIR}/kits/basekit/CSQLFormatter.h
   ${PROJECT_SOURCE_DIR}/text/SString.h
   ${PROJECT_SOURCE_DIR}/text/PropSet.h
   ${PROJECT_SOURCE_DIR}/text/PropSetFile.h

@@ -1,6 +1,7 @@
 #include "QuillEngine.h"
 
 #include <QAccessible>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -8,6 +9,7 @@
 #include <cstring>
 #include <vector>
 
+#include "CMenu.h"
 #include "CWnd.h"
 #include "EngineExtensions.h"
 #include "KeyCodes.h"
@@ -393,6 +395,17 @@ void QuillEngine::resizeEvent(QResizeEvent* e) {
     QsciScintillaBase::resizeEvent(e);
     if (owner_)
         owner_->SendMessage(WM_SIZE, 0, LPARAM((width() & 0xFFFF) | ((height() & 0xFFFF) << 16)));
+}
+
+// The window decides on its context menu (WM_CONTEXTMENU with the screen point); the
+// engine's own menu never shows.
+void QuillEngine::contextMenuEvent(QContextMenuEvent* e) {
+    if (owner_) {
+        const QPoint at = e->globalPos();
+        owner_->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(static_cast<QWidget*>(this)),
+                            LPARAM((at.x() & 0xFFFF) | ((at.y() & 0xFFFF) << 16)));
+    }
+    e->accept();
 }
 
 // Drops in the host's private text format go to the window (message 0x4FF with a drop

@@ -15,6 +15,8 @@ HINSTANCE engineHandle = nullptr;
 __attribute__((constructor)) void attachLibrary() {
     engineHandle = CScintillaWnd::LoadScintillaDll(nullptr);
     RegisterLibraryAccelerators();
+    RegisterLibraryMenus();
+    RegisterCommandPrompts();
 }
 
 __attribute__((destructor)) void detachLibrary() {

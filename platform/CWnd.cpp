@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 
+#include "CMenu.h"
 #include "System.h"
 
 namespace {
@@ -274,6 +275,12 @@ BOOL CWnd::UpdateCommandUI(UINT id, CCmdUI* ui) {
 void CCmdUI::Enable(BOOL on) {
     enabled_ = on != FALSE;
     if (action_) action_->setEnabled(enabled_);
+    if (m_pMenu) m_pMenu->EnableMenuItem(UINT(m_nIndex), MF_BYPOSITION | (enabled_ ? MF_ENABLED : MF_GRAYED));
+}
+
+void CCmdUI::DoUpdate(CWnd* target, BOOL disableIfNoHandler) {
+    if (!target || target->UpdateCommandUI(m_nID, this)) return;
+    if (disableIfNoHandler && !target->HasCommandHandler(m_nID)) Enable(FALSE);
 }
 
 void CCmdUI::SetCheck(int check) {
@@ -282,6 +289,7 @@ void CCmdUI::SetCheck(int check) {
         action_->setCheckable(true);
         action_->setChecked(check != 0);
     }
+    if (m_pMenu) m_pMenu->CheckMenuItem(UINT(m_nIndex), MF_BYPOSITION | (check ? MF_CHECKED : 0));
 }
 
 BOOL CWnd::PreTranslateMessage(MSG*) { return FALSE; }

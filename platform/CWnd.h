@@ -11,6 +11,7 @@
 #include "WinTypes.h"
 
 class CWnd;
+class CMenu;
 class QAction;
 
 // The state of one command's user-interface item (a menu entry or a toolbar button), as an
@@ -23,10 +24,15 @@ public:
     virtual void SetCheck(int check = 1);
     bool IsEnabled() const { return enabled_; }
     int GetCheck() const { return checked_; }
+    // Runs the target's update handler for m_nID. Without one, the item keeps its state, or
+    // with `disableIfNoHandler` is disabled when the target has no command handler either.
+    void DoUpdate(CWnd* target, BOOL disableIfNoHandler);
 
     UINT m_nID;
     int m_nIndex = 0;
     int m_nIndexMax = 0;
+    CMenu* m_pMenu = nullptr;     // the menu whose item at m_nIndex this updates
+    CMenu* m_pSubMenu = nullptr;  // the popup behind that item, when it is one
 
 private:
     QAction* action_;
@@ -128,6 +134,7 @@ protected:
     virtual const MessageMap* GetMessageMap() const;
     static const MessageMap* GetThisMessageMap();
 
+public:
     // True when a map entry of this class or a base handles the command id.
     bool HasCommandHandler(UINT id) const;
 

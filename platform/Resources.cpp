@@ -24,6 +24,8 @@ StringTable& table() {
             {8200, QT_TRANSLATE_NOOP("Quillbox", "Can not start printer document.")},
             {8201, QT_TRANSLATE_NOOP("Quillbox", "Cannot transform text line end due to lack of memory")},
             {8202, QT_TRANSLATE_NOOP("Quillbox", "Cannot transform text line end")},
+            {2300, QT_TRANSLATE_NOOP("Quillbox", "Error")},
+            {2301, QT_TRANSLATE_NOOP("Quillbox", "Cannot Load Menu")},
         };
         return t;
     }();

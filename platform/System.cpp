@@ -1,8 +1,10 @@
 #include "System.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QLocale>
 #include <QThread>
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -129,3 +131,17 @@ UINT VirtualKeyFromQtKey(int key) {
         default: return 0;
     }
 }
+
+namespace {
+std::atomic<unsigned long> beepCount{0};
+}  // namespace
+
+BOOL MessageBeep(UINT) {
+    ++beepCount;
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) &&
+        QGuiApplication::platformName() != QLatin1String("offscreen"))
+        QApplication::beep();
+    return TRUE;
+}
+
+unsigned long GetMessageBeepCount() { return beepCount.load(); }

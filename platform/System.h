@@ -32,3 +32,10 @@ QUILLBOX_EXPORT BOOL FreeLibrary(HMODULE module);
 
 // The full path of the running program (GetModuleFileName of the process).
 QUILLBOX_EXPORT CString GetModuleFileName();
+
+// Plays the system sound of a message box type (MB_OK, MB_ICONHAND, ...) as a short signal to
+// the user; TRUE. Without a display (no application object, or the offscreen platform) there
+// is nothing to hear and only the count goes up. The count of beeps since the process started
+// lets tests see that one happened.
+QUILLBOX_EXPORT BOOL MessageBeep(UINT type);
+QUILLBOX_EXPORT unsigned long GetMessageBeepCount();

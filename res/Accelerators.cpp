@@ -38,6 +38,15 @@ AcceleratorTable editorTable() {
         {C, 'G', cmd::GotoLine},
         {CS, 'C', cmd::MakeCode},        {CS, 'V', cmd::StripCode},
         {CS, 'F', cmd::FormatSql},
+        {C, 'F', cmd::Find},             {V, VK_F1 + 2, cmd::FindNext},
+        {S, VK_F1 + 2, cmd::FindPrevious}, {C, 'H', cmd::Replace},
+        {C, VK_F1 + 1, cmd::ToggleBookmark}, {V, VK_F1 + 1, cmd::NextBookmark},
+        {S, VK_F1 + 1, cmd::PreviousBookmark}, {CS, VK_F1 + 1, cmd::ClearAllBookmarks},
+        {C, VK_SPACE, cmd::AutoComplete},
+        // Ctrl+[ and Ctrl+] (the keys that type the control codes 0x1B and 0x1D).
+        {C, VK_OEM_4, cmd::MatchBrace},  {C, VK_OEM_6, cmd::MatchBrace},
+        {CS, VK_OEM_4, cmd::MatchBraceExtend}, {CS, VK_OEM_6, cmd::MatchBraceExtend},
+        {CS, '0', cmd::HostCtrlShift0},  {CS, 'G', cmd::HostCtrlShiftG},
     };
 }
 }  // namespace

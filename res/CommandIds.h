@@ -39,11 +39,40 @@ constexpr UINT Uncomment = 8177;
 constexpr UINT MakeCode = 8179;
 constexpr UINT StripCode = 8180;
 constexpr UINT FormatSql = 8032;
+constexpr UINT Find = 57636;
+constexpr UINT FindNext = 57640;  // the framework's "repeat"
+constexpr UINT FindPrevious = 8133;
+constexpr UINT Replace = 57641;
+constexpr UINT MatchBrace = 8166;
+constexpr UINT MatchBraceExtend = 8028;
+constexpr UINT IncreaseIndent = 8104;
+constexpr UINT DecreaseIndent = 8105;
+constexpr UINT AutoComplete = 8164;
+constexpr UINT ToggleBookmark = 8157;
+constexpr UINT NextBookmark = 8158;
+constexpr UINT PreviousBookmark = 8159;
+constexpr UINT ClearAllBookmarks = 8160;
+constexpr UINT FileSaveAsInternal = 8027;
+constexpr UINT FilePrint = 57607;
+constexpr UINT IndicatorOvr = 59140;
+constexpr UINT IndicatorRows = 59147;
+// Keys of the editor's table that a host answers itself; the library has no handler.
+constexpr UINT HostCtrlShift0 = 8154;
+constexpr UINT HostCtrlShiftG = 8161;
 }  // namespace cmd
 
 // Accelerator tables: the SQL window's own, and the application editor window's.
 constexpr UINT IDR_SQL_ACCELERATORS = 1000;
 constexpr UINT IDR_EDITOR_ACCELERATORS = 1001;
 
+// Context menus of the editor windows.
+constexpr UINT IDR_EDITOR_MENU = 8206;
+constexpr UINT IDR_READONLY_MENU = 8207;
+constexpr UINT IDR_SQL_MENU = 8208;
+
 // Registers the library's accelerator tables (done once when the library starts).
 void RegisterLibraryAccelerators();
+// Registers the library's context menus (done once when the library starts).
+void RegisterLibraryMenus();
+// Registers the status bar and tool tip prompts of the commands in the string table.
+void RegisterCommandPrompts();

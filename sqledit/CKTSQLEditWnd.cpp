@@ -25,7 +25,10 @@ long directCall(void* pointer, unsigned int message, std::uintptr_t wParam, std:
 }
 }  // namespace
 
-CKTSQLEditWnd::CKTSQLEditWnd() { setOption(); }
+CKTSQLEditWnd::CKTSQLEditWnd() {
+    SetPopupMenu(IDR_SQL_MENU, 0);
+    setOption();
+}
 
 CKTSQLEditWnd::~CKTSQLEditWnd() = default;
 

@@ -121,6 +121,20 @@ TEST_F(AppWindowTest, ReadOnlyModeAndTextForIt) {
     EXPECT_EQ(window->GetBackgroundColor(), 0xFFFFFFu);
 }
 
+TEST_F(AppWindowTest, LineFlagsMarkTheCaretsLineOrALineCountedFromOne) {
+    create();
+    window->SetText("a\nb\nc\nd\ne\nf\n", 0);
+    send(SCI_GOTOLINE, 2);
+    window->SetLineFlag(-1, 2, 1);
+    window->SetLineFlag(5, 2, 1);
+    EXPECT_EQ(send(SCI_MARKERGET, 2), 1 << 2);
+    EXPECT_EQ(send(SCI_MARKERGET, 4), 1 << 2);
+    window->SetLineFlag(-1, 2, 0);
+    window->SetLineFlag(5, 1, 0);  // another marker: the line keeps its own
+    EXPECT_EQ(send(SCI_MARKERGET, 2), 0);
+    EXPECT_EQ(send(SCI_MARKERGET, 4), 1 << 2);
+}
+
 TEST_F(AppWindowTest, LegacyCodePageFollowsTheSystemLanguageAndTheDocumentStaysUtf8) {
     setenv("QUILLBOX_LANGID", "1041", 1);
     create();

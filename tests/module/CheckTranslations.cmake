@@ -2,7 +2,7 @@
 # lacks a finished translation: a new string without one, or one left unfinished.
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})
-set(quillbox_ko.ts_DIRS platform engine kits text editor appwnd sqledit dialogs module)
+set(quillbox_ko.ts_DIRS platform engine kits text editor appwnd sqledit dialogs module res)
 set(quillbox_app_ko.ts_DIRS app)
 set(quillbox_app_en.ts_DIRS app)
 foreach(ts quillbox_ko.ts quillbox_app_ko.ts quillbox_app_en.ts)
