@@ -5,11 +5,13 @@
 //   quillbox code --lang LANGUAGE FILE  print the script as source code of LANGUAGE
 //   quillbox uncode --lang LANGUAGE FILE print the SQL that pasting FILE's code would give
 //   quillbox binds FILE                 list each bind variable with its line and column
+//   quillbox print FILE -o OUT.pdf      print the script, with header and footer, to a PDF file
 // The batch commands run a hidden SQL edit window and use its own commands.
 // With no display the program runs on the offscreen platform, says so, and writes a picture
 // of the window instead of showing it.
 #include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QFileDialog>
 #include <QMainWindow>
 #include <QMenu>
@@ -24,6 +26,7 @@
 #include <string>
 
 #include "BindScanner.h"
+#include "CDC.h"
 #include "CKTSQLEditWnd.h"
 #include "CKTTextFile.h"
 #include "SqliteNamekitMgr.h"
@@ -36,6 +39,7 @@ int usage() {
                  "       quillbox code --lang LANGUAGE FILE\n"
                  "       quillbox uncode --lang LANGUAGE FILE\n"
                  "       quillbox binds FILE\n"
+                 "       quillbox print FILE -o OUT.pdf\n"
                  "LANGUAGE is one of:");
     for (const CodeLanguage& language : CodeLanguages()) std::fprintf(stderr, " \"%s\"", language.storedName);
     std::fprintf(stderr, "\n");
@@ -105,6 +109,26 @@ int runBinds(const char* file) {
     return 0;
 }
 
+int runPrint(const char* file, const char* pdf) {
+    BatchWindow batch;
+    CKTSQLEditWnd& w = batch.window();
+    if (!batch.ok()) return 1;
+    if (!w.LoadFile(file)) {
+        std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, w.GetLastFileError().c_str());
+        return 1;
+    }
+    w.SetFilePath(file);
+    SetDefaultPrintOutput(pdf);
+    w.Print(false);
+    SetDefaultPrintOutput(nullptr);
+    if (!QFileInfo::exists(QString::fromLocal8Bit(pdf))) {
+        std::fprintf(stderr, "quillbox: nothing was printed to %s\n", pdf);
+        return 1;
+    }
+    std::printf("quillbox: printed %s to %s\n", file, pdf);
+    return 0;
+}
+
 bool hasDisplay() {
     const char* platform = std::getenv("QT_QPA_PLATFORM");
     if (platform && *platform) return true;  // the user chose a platform
@@ -129,6 +153,7 @@ public:
             if (!path.isEmpty()) open(path.toUtf8().constData());
         });
         file->addAction(QCoreApplication::translate("QuillboxApp", "&Save"), QKeySequence::Save, [this] { editor_.Save(nullptr); });
+        file->addAction(QCoreApplication::translate("QuillboxApp", "&Print..."), QKeySequence::Print, [this] { editor_.Print(true); });
         file->addSeparator();
         file->addAction(QCoreApplication::translate("QuillboxApp", "&Quit"), QKeySequence::Quit, [this] { window_.close(); });
     }
@@ -181,10 +206,14 @@ bool savePicture(QWidget& window, const char* out) {
 int main(int argc, char** argv) {
     if (argc < 3) return usage();
     const std::string command = argv[1];
-    if (command == "code" || command == "uncode" || command == "binds") {
+    if (command == "code" || command == "uncode" || command == "binds" || command == "print") {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);  // batch commands show nothing
         QApplication app(argc, argv);
         if (command == "binds") return runBinds(argv[2]);
+        if (command == "print") {
+            if (argc < 5 || std::strcmp(argv[3], "-o") != 0) return usage();
+            return runPrint(argv[2], argv[4]);
+        }
         if (argc < 5 || std::strcmp(argv[2], "--lang") != 0) return usage();
         return runCode(argv[3], argv[4], command == "code");
     }

@@ -27,5 +27,9 @@
         <source>&amp;Quit</source>
         <translation>&amp;Quit</translation>
     </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Print...</translation>
+    </message>
 </context>
 </TS>

@@ -27,5 +27,9 @@
         <source>&amp;Quit</source>
         <translation>끝내기(&amp;Q)</translation>
     </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>인쇄(&amp;P)...</translation>
+    </message>
 </context>
 </TS>
