@@ -1,6 +1,7 @@
 #include "CKTScinReadWnd.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "CommandIds.h"
 
@@ -40,20 +41,23 @@ void CKTScinReadWnd::ApplyVisualOption() {
 }
 
 int CKTScinReadWnd::SetText(CString text, int keepUndo) {
-    SendEditor(SCI_SETREADONLY, 0);
+    startChange();
     const int result = CKTScinWnd::SetText(std::move(text), keepUndo);
+    // Replacing the text turns undo collection back on; the viewer keeps none.
+    SendEditor(SCI_SETUNDOCOLLECTION, 0);
+    SendEditor(SCI_EMPTYUNDOBUFFER);
     finishChange(1);
     return result;
 }
 
 void CKTScinReadWnd::AppendText(CString text) {
-    SendEditor(SCI_SETREADONLY, 0);
+    startChange();
     CScintillaWnd::AppendText(text);
     finishChange(lineBeforeAppend(text));
 }
 
 void CKTScinReadWnd::AppendText(CString text, int maxLines, int slack, bool scrollToEnd) {
-    SendEditor(SCI_SETREADONLY, 0);
+    startChange();
     // With no room above the slack the base replaces the whole document.
     const bool replaces = maxLines <= slack;
     AppendTextWithLimit(text, maxLines, slack, scrollToEnd);
@@ -61,10 +65,20 @@ void CKTScinReadWnd::AppendText(CString text, int maxLines, int slack, bool scro
 }
 
 void CKTScinReadWnd::ClearContent() {
-    SendEditor(SCI_SETREADONLY, 0);
+    startChange();
     SendEditor(SCI_CLEARALL);
+    measuredLength = 0;  // nothing is left to measure; the scroll range stays as it was
+    measuredLines = 1;
     UpdateUI();
     SendEditor(SCI_SETREADONLY, 1);
+}
+
+void CKTScinReadWnd::startChange() {
+    // Text that changed behind the viewer's back (a host that lifted read-only) has lines
+    // nobody measured: the next widening looks at every line.
+    if (SendEditor(SCI_GETLENGTH) != measuredLength || SendEditor(SCI_GETLINECOUNT) != measuredLines)
+        lastScrollWidth = LONG_MAX;
+    SendEditor(SCI_SETREADONLY, 0);
 }
 
 void CKTScinReadWnd::finishChange(long firstLine) {
@@ -102,6 +116,8 @@ void CKTScinReadWnd::widenScrollRange(long firstLine) {
     if (wanted > width) SendEditor(SCI_SETSCROLLWIDTH, WPARAM(wanted));
     lastScrollWidth = std::max(wanted, width);
     lastCharWidth = charWidth;
+    measuredLength = SendEditor(SCI_GETLENGTH);
+    measuredLines = lines;
 }
 
 void CKTScinReadWnd::OnEditClearAll() { ClearContent(); }

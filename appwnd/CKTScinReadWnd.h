@@ -38,6 +38,8 @@ protected:
     void adjustHScrollSize();
 
 private:
+    // The start of a guarded change: lifts read-only.
+    void startChange();
     // The end of a guarded change: widens the scroll range over the lines from `firstLine`
     // (those the change may have lengthened), updates the view, and sets read-only again.
     void finishChange(long firstLine);
@@ -48,4 +50,6 @@ private:
     // What the last widening set, so that an append only looks at the lines it touched.
     long lastScrollWidth = -1;
     long lastCharWidth = -1;
+    long measuredLength = 0;  // the document as the last widening saw it
+    long measuredLines = 1;
 };

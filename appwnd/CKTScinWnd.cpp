@@ -14,6 +14,7 @@
 #include "CKTUtil.h"
 #include "CKTUtilTrace.h"
 #include "CommandIds.h"
+#include "QuillEngine.h"
 #include "Resources.h"
 #include "System.h"
 
@@ -92,6 +93,7 @@ int CKTScinWnd::LoadFile(CString path) {
     initScintilla();
     SetText(std::move(text), 0);
     SendEditor(SCI_EMPTYUNDOBUFFER);
+    SendEditor(SCI_SETSAVEPOINT);  // also for an empty file, which SetText leaves alone
     GotoPosition(0);
     return 1;
 }
@@ -116,7 +118,8 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
         tabSize = setting.GetInt("Tab Size", tabSize);
         blankAfterComment = setting.GetBOOL("Blank After Comment", blankAfterComment);
     }
-    if (fontSize < 5) fontSize = 10;
+    if (fontSize < 5 || fontSize > 1000) fontSize = 10;
+    if (tabSize < 1 || tabSize > 256) tabSize = 4;
     SetFont(fontName, (unsigned long)(fontSize * 10));
     SetDisplayFolding(folding);
     SendEditor(SCI_SETTABWIDTH, WPARAM(tabSize));
@@ -207,9 +210,11 @@ int CKTScinWnd::SetTextForReadOnly(CString text, int keepUndo) {
 
 void CKTScinWnd::GoToPosFromWindowPoint(CPoint screenPoint) {
     traceEntry("CKTScinWnd::GoToPosFromWindowPoint", __LINE__);
-    RECT window;
-    GetWindowRect(&window);
-    const long position = SendEditor(SCI_POSITIONFROMPOINT, WPARAM(screenPoint.x - window.left), screenPoint.y - window.top);
+    // Engine coordinates are those of the text area inside the window's frame.
+    QuillEngine* e = engine();
+    if (!e) return;
+    const QPoint origin = e->viewport()->mapToGlobal(QPoint(0, 0));
+    const long position = SendEditor(SCI_POSITIONFROMPOINT, WPARAM(screenPoint.x - origin.x()), screenPoint.y - origin.y());
     GotoPosition(position);
 }
 
@@ -277,13 +282,17 @@ BOOL CKTScinWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
 
 bool CKTScinWnd::IsKeyMessage(const MSG* msg) { return msg && msg->message >= WM_KEYFIRST && msg->message <= WM_KEYLAST; }
 
+// A key of the table whose command this window does not handle (the host's own keys) is not
+// claimed ahead of the host's shortcuts; one that reaches the window does nothing.
 BOOL CKTScinWnd::PreTranslateMessage(MSG* msg) {
     if (IsKeyMessage(msg) && accelerators && TranslateAccelerator(this, accelerators, msg)) return TRUE;
     return CScintillaWnd::PreTranslateMessage(msg);
 }
 
 BOOL CKTScinWnd::IsAcceleratorKey(const MSG* msg) const {
-    return IsKeyMessage(msg) && FindAccelerator(accelerators, msg) != 0;
+    if (!IsKeyMessage(msg) || !accelerators) return FALSE;
+    const UINT command = FindAccelerator(accelerators, msg);
+    return command != 0 && HasCommandHandler(command);
 }
 
 const MessageMap* CKTScinWnd::GetMessageMap() const { return GetThisMessageMap(); }

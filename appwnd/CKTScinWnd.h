@@ -120,6 +120,9 @@ protected:
     void OnEditFindPrevious();
     void OnEditTab();
     void OnEditUnTab();
+    // Moves the indentation of every line the selection touches by `columns`, never below 0,
+    // as one undo step.
+    void shiftSelectedLines(int columns);
     void OnEditAutoComplete();
     void OnEditMatchBrace();
     void OnEditMatchBreaceExtend();

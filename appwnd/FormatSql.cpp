@@ -101,6 +101,11 @@ void CKTScinWnd::refreshOptionFormatSQL() {
 
 void CKTScinWnd::FormatSql() {
     traceEntry("CKTScinWnd::FormatSql", __LINE__);
+    // A read-only window (the output viewer) is never rewritten, even by its own command.
+    if (SendEditor(SCI_GETREADONLY)) {
+        MessageBeep(MB_ICONHAND);
+        return;
+    }
     // Selection or whole text is decided once: the result goes back the same way.
     const bool selection = IsSelection() != 0;
     CString input;
@@ -136,5 +141,5 @@ void CKTScinWnd::FormatSql() {
 void CKTScinWnd::OnFormatSql() { FormatSql(); }
 
 void CKTScinWnd::OnUpdateFormatSql(CCmdUI* ui) {
-    if (ui) ui->Enable(SendEditor(SCI_GETLENGTH) >= 1 ? TRUE : FALSE);
+    if (ui) ui->Enable(SendEditor(SCI_GETLENGTH) >= 1 && !SendEditor(SCI_GETREADONLY) ? TRUE : FALSE);
 }

@@ -60,7 +60,9 @@ void CKTScinWnd::OnContextMenu(CWnd*, CPoint screenPoint) {
     }
     if (menu.IsValid()) {
         if (CMenu* popup = menu.GetSubMenu(int(popupSubIndex))) {
-            for (int i = 0; i < removeMenuIds.GetSize(); ++i) popup->DeleteMenu(removeMenuIds[i], MF_BYCOMMAND);
+            for (int i = 0; i < removeMenuIds.GetSize(); ++i)
+                while (popup->DeleteMenu(removeMenuIds[i], MF_BYCOMMAND)) {
+                }
             // A click beside a selection keeps it; otherwise the caret goes where the click was.
             if (!IsSelection()) GoToPosFromWindowPoint(screenPoint);
             for (int id : hideMenuIds) {
@@ -120,20 +122,16 @@ void CKTScinWnd::OnFind() {
 void CKTScinWnd::OnEditRepeat() { FindNext(false, true); }
 void CKTScinWnd::OnEditFindPrevious() { FindNext(true, true); }
 
-void CKTScinWnd::OnEditTab() {
-    const long tabWidth = SendEditor(SCI_GETTABWIDTH);
-    const long first = SendEditor(SCI_LINEFROMPOSITION, WPARAM(GetSelectionStart()));
-    const long last = SendEditor(SCI_LINEFROMPOSITION, WPARAM(GetSelectionEnd()));
-    for (long line = first; line <= last; ++line)
-        SetLineIndentationForFileEditor(int(line), GetLineIndentation(int(line)) + int(tabWidth));
-}
+void CKTScinWnd::OnEditTab() { shiftSelectedLines(int(SendEditor(SCI_GETTABWIDTH))); }
+void CKTScinWnd::OnEditUnTab() { shiftSelectedLines(-int(SendEditor(SCI_GETTABWIDTH))); }
 
-void CKTScinWnd::OnEditUnTab() {
-    const long tabWidth = SendEditor(SCI_GETTABWIDTH);
+void CKTScinWnd::shiftSelectedLines(int columns) {
     const long first = SendEditor(SCI_LINEFROMPOSITION, WPARAM(GetSelectionStart()));
     const long last = SendEditor(SCI_LINEFROMPOSITION, WPARAM(GetSelectionEnd()));
+    SendEditor(SCI_BEGINUNDOACTION);
     for (long line = first; line <= last; ++line)
-        SetLineIndentationForFileEditor(int(line), std::max(0, GetLineIndentation(int(line)) - int(tabWidth)));
+        SetLineIndentationForFileEditor(int(line), std::max(0, GetLineIndentation(int(line)) + columns));
+    SendEditor(SCI_ENDUNDOACTION);
 }
 
 void CKTScinWnd::OnEditAutoComplete() { StartAutoCompleteWord(0); }

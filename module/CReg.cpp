@@ -112,7 +112,10 @@ bool walkStep(HKEY key, DWORD index, const char*& name, RegVal* value) {
     DWORD length = walk.longestName + 1;
     if (RegEnumValue(key, index, walk.name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) return false;
     name = walk.name;
-    return RegLoadVal(key, nullptr, walk.name, value);
+    // A value of a kind the records do not hold (a 64-bit number, say) comes back empty
+    // (type 0) rather than ending the walk before the values after it.
+    if (!RegLoadVal(key, nullptr, walk.name, value)) RegValInit(value);
+    return true;
 }
 }  // namespace
 

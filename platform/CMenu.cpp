@@ -101,7 +101,7 @@ UINT CMenu::GetMenuItemID(int position) const {
 std::pair<CMenu*, int> CMenu::locate(UINT item, UINT flags) const {
     auto* self = const_cast<CMenu*>(this);
     if (flags & MF_BYPOSITION) {
-        return int(item) < GetMenuItemCount() ? std::make_pair(self, int(item)) : std::make_pair(nullptr, -1);
+        return item < UINT(GetMenuItemCount()) ? std::make_pair(self, int(item)) : std::make_pair(nullptr, -1);
     }
     for (size_t i = 0; i < items_.size(); ++i) {
         if (items_[i].popup) {
@@ -156,8 +156,9 @@ BOOL CMenu::RemoveMenu(UINT item, UINT flags) { return DeleteMenu(item, flags); 
 QMenu* CMenu::buildQMenu(QWidget* parent, CWnd* owner, int index) {
     auto* menu = new QMenu(parent);
     // The owner brings the items up to date each time the popup opens; the actions follow.
-    QObject::connect(menu, &QMenu::aboutToShow, menu, [this, menu, owner, index] {
-        owner->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(this), LPARAM(index & 0xFFFF));
+    const QPointer<QWidget> ownerWindow = owner->GetSafeHwnd();
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [this, menu, owner, ownerWindow, index] {
+        if (ownerWindow) owner->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(this), LPARAM(index & 0xFFFF));
         menu->clear();
         for (size_t i = 0; i < items_.size(); ++i) {
             Item& item = items_[i];
@@ -189,8 +190,13 @@ BOOL CMenu::TrackPopupMenu(UINT, int x, int y, CWnd* owner) {
         owner->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(this), 0);
         chosen = trackHook()(*this, POINT{x, y}, owner);
     } else if (canShowMenus()) {
-        std::unique_ptr<QMenu> menu(buildQMenu(owner->GetSafeHwnd(), owner, 0));
-        if (QAction* action = menu->exec(QPoint(x, y))) chosen = action->data().toUInt();
+        // The menu has no parent, so nothing but this call deletes it; the owner may go while
+        // the menu is open, and then the choice goes nowhere.
+        const QPointer<QWidget> ownerWindow = owner->GetSafeHwnd();
+        std::unique_ptr<QMenu> menu(buildQMenu(nullptr, owner, 0));
+        QAction* action = menu->exec(QPoint(x, y));
+        if (!ownerWindow) return TRUE;
+        if (action) chosen = action->data().toUInt();
     } else {
         return FALSE;  // nobody can answer a menu here
     }

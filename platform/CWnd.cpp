@@ -275,12 +275,18 @@ BOOL CWnd::UpdateCommandUI(UINT id, CCmdUI* ui) {
 void CCmdUI::Enable(BOOL on) {
     enabled_ = on != FALSE;
     if (action_) action_->setEnabled(enabled_);
-    if (m_pMenu) m_pMenu->EnableMenuItem(UINT(m_nIndex), MF_BYPOSITION | (enabled_ ? MF_ENABLED : MF_GRAYED));
+    // A submenu's first command speaks for itself, not for the whole submenu.
+    if (m_pMenu && !m_pSubMenu)
+        m_pMenu->EnableMenuItem(UINT(m_nIndex), MF_BYPOSITION | (enabled_ ? MF_ENABLED : MF_GRAYED));
 }
 
 void CCmdUI::DoUpdate(CWnd* target, BOOL disableIfNoHandler) {
     if (!target || target->UpdateCommandUI(m_nID, this)) return;
-    if (disableIfNoHandler && !target->HasCommandHandler(m_nID)) Enable(FALSE);
+    if (!disableIfNoHandler || target->HasCommandHandler(m_nID)) return;
+    if (m_pSubMenu && m_pMenu)
+        m_pMenu->EnableMenuItem(UINT(m_nIndex), MF_BYPOSITION | MF_GRAYED);  // nothing handles the submenu
+    else
+        Enable(FALSE);
 }
 
 void CCmdUI::SetCheck(int check) {
@@ -289,7 +295,7 @@ void CCmdUI::SetCheck(int check) {
         action_->setCheckable(true);
         action_->setChecked(check != 0);
     }
-    if (m_pMenu) m_pMenu->CheckMenuItem(UINT(m_nIndex), MF_BYPOSITION | (check ? MF_CHECKED : 0));
+    if (m_pMenu && !m_pSubMenu) m_pMenu->CheckMenuItem(UINT(m_nIndex), MF_BYPOSITION | (check ? MF_CHECKED : 0));
 }
 
 BOOL CWnd::PreTranslateMessage(MSG*) { return FALSE; }

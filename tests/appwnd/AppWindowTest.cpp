@@ -58,6 +58,13 @@ TEST_F(AppWindowTest, OptionsComeFromTheSettingsAndApplyAgainWhileOpen) {
     EXPECT_EQ(window->GetFontSize(), 5);
     EXPECT_EQ(window->GetFontName(), "DejaVu Serif");
     EXPECT_EQ(window->fontSetting, "font:DejaVu Serif,size:5");
+
+    // Values no window can use fall back to the defaults.
+    setSetting("Editor Font Size", 2000000000);
+    setSetting("Tab Size", 0);
+    window->ApplyOptionOnRealtime();
+    EXPECT_EQ(window->GetFontSize(), 10);
+    EXPECT_EQ(send(SCI_GETTABWIDTH), 4);
 }
 
 TEST_F(AppWindowTest, DefaultColoursWithoutAColourKey) {
@@ -197,4 +204,13 @@ TEST_F(AppWindowTest, LoadingAFileThatCannotBeReadKeepsTheOpenDocument) {
     EXPECT_EQ(window->LoadFile(good.constData()), 1);
     EXPECT_EQ(window->GetText(), "select 1;\r\n");
     EXPECT_EQ(send(SCI_CANUNDO), 0);
+
+    // An empty file leaves an empty, unmodified document.
+    const QByteArray empty = dir.filePath("empty.sql").toUtf8();
+    QFile e(QString::fromUtf8(empty));
+    ASSERT_TRUE(e.open(QIODevice::WriteOnly));
+    e.close();
+    EXPECT_EQ(window->LoadFile(empty.constData()), 1);
+    EXPECT_TRUE(window->IsEmpty());
+    EXPECT_EQ(send(SCI_GETMODIFY), 0);
 }

@@ -98,6 +98,14 @@ TEST_F(FormatCommand, AnEmptyDocumentIsDisabledAndBeeps) {
     EXPECT_EQ(send(SCI_GETLENGTH), 0);
     window->SetText("x", 0);
     EXPECT_TRUE(enabled());
+
+    // A read-only window is never rewritten by the command.
+    window->SetText("select a from t", 0);
+    send(SCI_SETREADONLY, 1);
+    EXPECT_FALSE(enabled());
+    window->FormatSql();
+    EXPECT_EQ(GetMessageBeepCount(), beeps + 2);
+    EXPECT_STREQ(window->GetText().c_str(), "select a from t");
 }
 
 TEST_F(FormatCommand, WholeTextIsOneUndoStepAndKeepsTheSavePoint) {

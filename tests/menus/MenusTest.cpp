@@ -128,14 +128,17 @@ TEST_F(MenusTest, HiddenIdsLeaveOnlyTheTopLevelAndRemovedIdsLeaveEverywhere) {
     EXPECT_FALSE(script.has(cmd::EditUndo));
     // "Delete" stands twice at the top level: only the first goes.
     EXPECT_EQ(std::count(script.seen.topLevel.begin(), script.seen.topLevel.end(), cmd::DeleteChar), 1);
+    window->SetHideMenuID(hide = {});
 
     CUIntArray remove;
     remove.Add(cmd::LowerCase);
     remove.Add(cmd::Find);
+    remove.Add(cmd::DeleteChar);
     window->SetRemovePopupMenu(remove);
     rightClick(pointOf(0));
     EXPECT_FALSE(script.has(cmd::LowerCase));
     EXPECT_FALSE(script.has(cmd::Find));
+    EXPECT_EQ(std::count(script.seen.topLevel.begin(), script.seen.topLevel.end(), cmd::DeleteChar), 0);
 
     // Each opening starts from the resource again, and an empty list clears the earlier one.
     CUIntArray none;
@@ -187,6 +190,17 @@ TEST_F(MenusTest, ASubmenuGoesGreyWhenItsFirstCommandHasNoHandler) {
     EXPECT_NE(script.seen.popupStates[0] & MF_GRAYED, 0u);
     EXPECT_EQ(script.seen.popupStates[1] & MF_GRAYED, 0u);
     EXPECT_TRUE(script.enabled(9001));  // a command without handlers keeps its state
+}
+
+TEST_F(MenusTest, ASubmenuStaysOpenWhenItsFirstCommandIsMerelyDisabled) {
+    // "Copy to Clipboard" opens with Copy as Selected Code, disabled without a selection; the
+    // languages in it must stay reachable.
+    RegisterMenuResource(9101, {{0, "Host", {{0, "Code", {{cmd::EditCopy, "Copy", {}}, {cmd::EditSelectAll, "All", {}}}}}}});
+    MenuScript script;
+    window->SetPopupMenu(9101, 0);
+    rightClick(pointOf(0));
+    ASSERT_EQ(script.seen.popupStates.size(), 1u);
+    EXPECT_EQ(script.seen.popupStates[0] & MF_GRAYED, 0u);
 }
 
 TEST_F(MenusTest, AMissingMenuOrPopupIsReportedAndNothingOpens) {
@@ -259,6 +273,15 @@ TEST_F(MenusTest, KeysOfTheEditorTableReachTheirCommands) {
     EXPECT_EQ(send(SCI_GETCURRENTPOS), 6);
     key(Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_STREQ(window->GetText().c_str(), "(a, b)");
+    // The host's keys are not claimed, so the host's own shortcuts see them.
+    auto claimed = [&](Qt::Key k, Qt::KeyboardModifiers m) {
+        QKeyEvent event(QEvent::ShortcutOverride, k, m);
+        event.ignore();
+        QCoreApplication::sendEvent(window->GetSafeHwnd(), &event);
+        return event.isAccepted();
+    };
+    EXPECT_FALSE(claimed(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier));
+    EXPECT_TRUE(claimed(Qt::Key_F, Qt::ControlModifier));
 }
 
 TEST_F(MenusTest, TabCommandsShiftEveryLineOfTheSelection) {
@@ -268,6 +291,11 @@ TEST_F(MenusTest, TabCommandsShiftEveryLineOfTheSelection) {
     EXPECT_EQ(send(SCI_GETLINEINDENTATION, 0), 4);
     EXPECT_EQ(send(SCI_GETLINEINDENTATION, 1), 4);
     EXPECT_EQ(send(SCI_GETLINEINDENTATION, 2), 0);
+    send(SCI_UNDO);  // one step for all the lines
+    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 0), 0);
+    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 1), 0);
+    send(SCI_REDO);
+    send(SCI_SETSEL, 2, send(SCI_POSITIONFROMLINE, 1) + 1);
     window->SendMessage(WM_COMMAND, cmd::DecreaseIndent, 0);
     window->SendMessage(WM_COMMAND, cmd::DecreaseIndent, 0);
     EXPECT_EQ(send(SCI_GETLINEINDENTATION, 0), 0);

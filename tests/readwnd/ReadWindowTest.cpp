@@ -66,7 +66,11 @@ TEST_F(ReadWindowTest, OnlyTheGuardedOperationsChangeTheText) {
     viewer->AppendText("third\r\n", 100, 10, true);
     EXPECT_STREQ(viewer->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
     EXPECT_EQ(send(SCI_GETREADONLY), 1);
-    EXPECT_EQ(send(SCI_CANUNDO), 0);
+    // Replacing the text must not bring undo back: trimmed output would pile up in memory.
+    EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
+    viewer->AppendText("again\r\n", 1, 1, false);
+    EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
+    viewer->SetText("first\r\nsecond\r\nthird\r\n", 0);
     EXPECT_TRUE(clearContentEnabled());
 
     // The user's keys, cut and paste leave it alone.
@@ -122,6 +126,16 @@ TEST_F(ReadWindowTest, ScrollRangeFollowsTheLongestLineAndNeverShrinks) {
     send(SCI_SETSCROLLWIDTH, 1);
     viewer->AppendText(CString("\r\n"));
     EXPECT_GE(send(SCI_GETSCROLLWIDTH), 120 * charWidth);
+
+    // A host lifts read-only and lengthens an early line itself: the next change finds it.
+    viewer->SetText("a\r\nb\r\nc\r\n", 0);
+    const long before = send(SCI_GETSCROLLWIDTH);
+    send(SCI_SETREADONLY, 0);
+    const CString longLine('v', 300);
+    send(SCI_INSERTTEXT, WPARAM(send(SCI_POSITIONFROMLINE, 1)), reinterpret_cast<LPARAM>(longLine.c_str()));
+    viewer->AppendText(CString("d"));
+    EXPECT_GT(send(SCI_GETSCROLLWIDTH), before);
+    EXPECT_TRUE(settled());
 
     // Emptying keeps the range; a short text does not narrow it.
     const long wide = send(SCI_GETSCROLLWIDTH);
