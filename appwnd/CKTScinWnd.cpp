@@ -91,6 +91,7 @@ int CKTScinWnd::LoadFile(CString path) {
     lastFileError.Empty();
     SendEditor(SCI_CLEARALL);
     initScintilla();
+    ApplyOptionOnRealtime();  // the property file's styles must not stand for the user's own
     SetText(std::move(text), 0);
     SendEditor(SCI_EMPTYUNDOBUFFER);
     SendEditor(SCI_SETSAVEPOINT);  // also for an empty file, which SetText leaves alone
@@ -134,6 +135,7 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
 
 void CKTScinWnd::ApplyVisualOption() {
     initScintilla();
+    ApplyOptionOnRealtime();  // the property file's styles must not stand for the user's own
     Refresh();
 }
 

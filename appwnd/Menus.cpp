@@ -149,7 +149,8 @@ void CKTScinWnd::OnFileSaveAsInternal() {
     if (dialog.DoModal() != IDOK) return;
     WaitCursor wait;
     saveAsPath = dialog.GetPathName();
-    SaveFile(saveAsPath.c_str(), 0);
+    // An export: the document keeps its line ends, its save point and its own file.
+    writeDocument(saveAsPath.c_str(), 0, fileBackup != 0);
 }
 
 void CKTScinWnd::OnUpdateEditCopy(CCmdUI* ui) { ui->Enable(IsSelection()); }

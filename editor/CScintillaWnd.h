@@ -439,6 +439,9 @@ protected:
 
     CString transformLineEnds(CString text, int eolMode);
     bool makeBackupFile(CString path);
+    // Writes the text to `path` with CR LF line ends (SaveFile's encoding and backup rules)
+    // and leaves the document as it is; false, with the reason in lastFileError, on failure.
+    bool writeDocument(const char* path, int encoding, bool backup);
     virtual int GetFormatFromExtension(const char* extension);
     // Reads a whole file as the document's text with CR LF line ends; false (and the reason in
     // lastFileError) when it cannot be opened or decoded.

@@ -47,9 +47,17 @@ int CScintillaWnd::SaveFile(const char* path) {
 }
 
 int CScintillaWnd::SaveFile(const char* path, int encoding, bool backup) {
+    if (!writeDocument(path, encoding, backup)) return 0;
+    // The document takes CR LF line ends only once the file is safely written.
+    SendEditor(SCI_CONVERTEOLS, SC_EOL_CRLF);
+    SendEditor(SCI_SETSAVEPOINT);
+    return 1;
+}
+
+bool CScintillaWnd::writeDocument(const char* path, int encoding, bool backup) {
     if (!path || !*path) {
         lastFileError = "no file name";
-        return 0;
+        return false;
     }
     int codePage = encoding == TEXTENCODING_ANSI ? ansiCodePage : 0;
     if (encoding < TEXTENCODING_ANSI || encoding > TEXTENCODING_UTF16BE) {
@@ -62,18 +70,15 @@ int CScintillaWnd::SaveFile(const char* path, int encoding, bool backup) {
     CKTTextFileWrite writer(path, TEXTENCODING(encoding), codePage);
     if (!writer.IsOpen()) {
         lastFileError = writer.GetErrorText();
-        return 0;
+        return false;
     }
-    // The document takes CR LF line ends only once the file is safely written.
     const CString text = transformLineEnds(GetText(), SC_EOL_CRLF);
     if (!writer.Write(text) || !writer.Close()) {
         lastFileError = writer.GetErrorText();
-        return 0;
+        return false;
     }
     lastFileError.Empty();
-    SendEditor(SCI_CONVERTEOLS, SC_EOL_CRLF);
-    SendEditor(SCI_SETSAVEPOINT);
-    return 1;
+    return true;
 }
 
 bool CScintillaWnd::makeBackupFile(CString path) {

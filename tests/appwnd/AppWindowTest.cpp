@@ -92,6 +92,9 @@ TEST_F(AppWindowTest, ColoursFromTheSettingsFollowTheEditingMode) {
     window->ApplyOptionOnRealtime();
     EXPECT_EQ(send(SCI_STYLEGETFORE, 6), 0xABCDEF);
     EXPECT_EQ(send(SCI_STYLEGETFORE, 7), 0xABCDEF);
+    // Restyling from the property file keeps the user's colours.
+    window->ApplyVisualOption();
+    EXPECT_EQ(send(SCI_STYLEGETFORE, 6), 0xABCDEF);
 }
 
 TEST_F(AppWindowTest, WithoutKeywordsOnlyTheTextColourActs) {

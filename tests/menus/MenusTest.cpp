@@ -302,7 +302,7 @@ TEST_F(MenusTest, TabCommandsShiftEveryLineOfTheSelection) {
     EXPECT_EQ(send(SCI_GETLINEINDENTATION, 1), 0);
 }
 
-TEST_F(MenusTest, SaveAsExportsTheTextAndKeepsTheDocumentsPath) {
+TEST_F(MenusTest, SaveAsExportsTheTextAndLeavesTheDocumentAsItWas) {
     QTemporaryDir folder;
     const QString path = QDir(folder.path()).filePath("export.txt");
     FileDialogHook previous = SetFileDialogHook([&](CFileDialogEx& dialog) {
@@ -310,13 +310,18 @@ TEST_F(MenusTest, SaveAsExportsTheTextAndKeepsTheDocumentsPath) {
         return IDOK;
     });
     window->SetFilePath("/work/doc.sql");
+    send(SCI_SETSAVEPOINT);
+    send(SCI_APPENDTEXT, 5, reinterpret_cast<LPARAM>("-- x\n"));  // an unsaved edit with a bare LF
     window->SendMessage(WM_COMMAND, cmd::FileSaveAsInternal, 0);
     SetFileDialogHook(previous);
     std::ifstream in(path.toStdString(), std::ios::binary);
     std::stringstream written;
     written << in.rdbuf();
-    EXPECT_EQ(written.str(), "select a\r\nfrom t\r\nwhere x = 1\r\n");
+    EXPECT_EQ(written.str(), "select a\r\nfrom t\r\nwhere x = 1\r\n-- x\r\n");
+    // The export is no save: the document's path, line ends and unsaved state stand.
     EXPECT_STREQ(window->GetFilePath().c_str(), "/work/doc.sql");
+    EXPECT_STREQ(window->GetText().c_str(), "select a\r\nfrom t\r\nwhere x = 1\r\n-- x\n");
+    EXPECT_EQ(send(SCI_GETMODIFY), 1);
 }
 }  // namespace
 
