@@ -149,6 +149,9 @@ void CEditReplaceDlg::storeOptions() {
     owner->matchCase = matchCase;
     owner->regExp = regExp;
     owner->wrapSearch = 1;
+    // The find dialog shares the owner's switches: this dialog's own box decides them.
+    owner->unescape = regExp ? 1 : 0;
+    if (regExp) owner->wholeWord = 0;
 }
 
 void CEditReplaceDlg::OnFindNext() {

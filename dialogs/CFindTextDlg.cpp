@@ -93,6 +93,9 @@ void CFindTextDlg::OnOK() {
     owner->matchCase = matchCase;
     owner->regExp = regExp;
     owner->wrapSearch = 1;
+    // The replace dialog shares the owner's switches: this dialog's own box decides them.
+    owner->unescape = regExp ? 1 : 0;
+    if (regExp) owner->wholeWord = 0;
     owner->FindNext(direction != 1, true);
     findCombo.Fill(owner->findText);
 }

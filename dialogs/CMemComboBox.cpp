@@ -46,11 +46,14 @@ void CMemComboBox::Fill(const char* text) {
     SetCurSel(0);
     if (group.IsEmpty()) return;
 
+    // An item of the history is one line of it, so a text that holds an LF stays in this list
+    // but is not written to the history: read back, it would come apart into two items.
     CString history;
     const int count = GetCount();
     for (int i = 0; i < count; ++i) {
         CString item;
         GetLBText(i, item);
+        if (item.Find('\n') >= 0) continue;
         history += item;
         history += '\n';
     }

@@ -3,6 +3,7 @@
 // target range and tells the user what happened; the direct family (SearchForward,
 // SearchBackward, ReplaceSearchedText, ReplaceAll(find, replace, inSelection)) takes its
 // text as arguments, uses `searchFlags` and never speaks to the user.
+#include <QChar>
 #include <QCoreApplication>
 #include <algorithm>
 #include <cstring>
@@ -85,6 +86,47 @@ std::string unescapeLowOctal(std::string_view in) {
         }
     }
     return out;
+}
+
+// One character of a UTF-8 text: its code point and its length in bytes. A byte that starts
+// no well-formed sequence (a stray trail byte, a cut, overlong or surrogate sequence) is a
+// unit of one byte, marked as such.
+struct Utf8Unit {
+    char32_t value;
+    size_t length;
+    bool valid;
+};
+
+Utf8Unit utf8UnitAt(std::string_view text, size_t at) {
+    const unsigned char lead = static_cast<unsigned char>(text[at]);
+    if (lead < 0x80) return {lead, 1, true};
+    const size_t length = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+    if (length == 0 || at + length > text.size()) return {lead, 1, false};
+    char32_t value = lead & (0x7Fu >> length);
+    for (size_t k = 1; k < length; ++k) {
+        const unsigned char trail = static_cast<unsigned char>(text[at + k]);
+        if ((trail & 0xC0) != 0x80) return {lead, 1, false};
+        value = (value << 6) | (trail & 0x3Fu);
+    }
+    constexpr char32_t shortest[] = {0, 0, 0x80, 0x800, 0x10000};
+    if (value < shortest[length] || value > 0x10FFFF || (value >= 0xD800 && value <= 0xDFFF))
+        return {lead, 1, false};
+    return {value, length, true};
+}
+
+// Equal without regard to the case of any letter of Unicode, character by character of the
+// UTF-8 texts. Bytes outside well-formed sequences must agree exactly.
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+    size_t i = 0, j = 0;
+    while (i < a.size() && j < b.size()) {
+        const Utf8Unit x = utf8UnitAt(a, i);
+        const Utf8Unit y = utf8UnitAt(b, j);
+        if (x.valid != y.valid) return false;
+        if (x.valid ? QChar::toCaseFolded(x.value) != QChar::toCaseFolded(y.value) : x.value != y.value) return false;
+        i += x.length;
+        j += y.length;
+    }
+    return i == a.size() && j == b.size();
 }
 
 CString translated(const char* text) { return CString::fromQString(QCoreApplication::translate("Quillbox", text)); }
@@ -253,8 +295,10 @@ bool CScintillaWnd::PlayReplace() {
         }
     }
     // The selection counts as the match whatever the case, so that a match found without
-    // regard to case can be replaced after "Match case" was switched on.
-    if (different || selected.CompareNoCase(expected) != 0) {
+    // regard to case can be replaced after "Match case" was switched on. Case is that of every
+    // letter, not of ASCII letters alone.
+    if (different || !equalIgnoringCase(std::string_view(selected.c_str(), size_t(selected.GetLength())),
+                                        std::string_view(expected.c_str(), size_t(expected.GetLength())))) {
         SendEditor(SCI_SETSEL, WPARAM(selection.cpMin), selection.cpMin);
         FindNext(false, true);
         return false;

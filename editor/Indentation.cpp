@@ -73,29 +73,27 @@ void CScintillaWnd::AutomaticIndentation(char ch) {
     const int curLine = GetCurrentLineNumber();
     const int lineStart = GetPositionFromLine(curLine);
     const int unit = indentUnit();
-    int indentBlock = IndentOfBlock(curLine - 1);
-
+    // The block's indentation reads the lines above, so it is worked out only where it is used.
     if (isSingleCharacter(blockEnd) && ch == blockEnd.words[0]) {
         // A closing character typed first on its line moves the line out.
         if (!indentClosing && RangeIsAllWhitespace(lineStart, int(selStart) - 1))
-            SetLineIndentation(curLine, indentBlock - unit, false);
+            SetLineIndentation(curLine, IndentOfBlock(curLine - 1) - unit, false);
     } else if (!isSingleCharacter(blockEnd) && ch == ' ') {
         // An end word is judged when its line is ended, not while it is typed.
     } else if (isSingleCharacter(blockStart) && ch == blockStart.words[0]) {
         // An opening character under a one-statement keyword takes the keyword's indentation.
         if (!indentOpening && GetIndentState(curLine - 1) == IndentKeywordStart &&
             RangeIsAllWhitespace(lineStart, int(selStart) - 1))
-            SetLineIndentation(curLine, indentBlock - unit, false);
+            SetLineIndentation(curLine, IndentOfBlock(curLine - 1) - unit, false);
     } else if ((ch == '\r' || ch == '\n') && selStart == lineStart) {
         if (!indentClosing && !isSingleCharacter(blockEnd)) {
             // Enter behind an end word moves the end word's line out.
             SString parts[1];
-            if (GetLinePartsInStyle(curLine - 1, blockEnd.style, -1, parts, 1) && includes(blockEnd, parts[0])) {
+            if (GetLinePartsInStyle(curLine - 1, blockEnd.style, -1, parts, 1) && includes(blockEnd, parts[0]))
                 SetLineIndentation(curLine - 1, IndentOfBlock(curLine - 2) - unit, false);
-                indentBlock = IndentOfBlock(curLine - 1);
-            }
         }
-        SetLineIndentation(curLine, indentBlock, true);
+        // Taken after any change to the line above, which it reads.
+        SetLineIndentation(curLine, IndentOfBlock(curLine - 1), true);
     }
 }
 
@@ -126,13 +124,18 @@ IndentationStatus CScintillaWnd::GetIndentState(int line) {
     constexpr int maxParts = 20;
     IndentationStatus state = IndentNone;
     SString parts[maxParts];
-    unsigned int count = GetLinePartsInStyle(line, statementIndent.style, -1, parts, maxParts);
-    for (unsigned int i = 0; i < count; ++i)
-        if (includes(statementIndent, parts[i])) state = IndentKeywordStart;
-    count = GetLinePartsInStyle(line, blockEnd.style, -1, parts, maxParts);
-    for (unsigned int i = 0; i < count; ++i) {
-        if (includes(blockEnd, parts[i])) state = IndentBlockEnd;
-        if (includes(blockStart, parts[i])) state = IndentBlockStart;
+    // A run is only ever compared with words; without words there is nothing to collect.
+    if (statementIndent.words.length()) {
+        const unsigned int count = GetLinePartsInStyle(line, statementIndent.style, -1, parts, maxParts);
+        for (unsigned int i = 0; i < count; ++i)
+            if (includes(statementIndent, parts[i])) state = IndentKeywordStart;
+    }
+    if (blockEnd.words.length() || blockStart.words.length()) {
+        const unsigned int count = GetLinePartsInStyle(line, blockEnd.style, -1, parts, maxParts);
+        for (unsigned int i = 0; i < count; ++i) {
+            if (includes(blockEnd, parts[i])) state = IndentBlockEnd;
+            if (includes(blockStart, parts[i])) state = IndentBlockStart;
+        }
     }
     return state;
 }

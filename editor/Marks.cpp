@@ -122,13 +122,19 @@ void CScintillaWnd::HighLightingText() {
         if (selection.cpMin == errorMarkStart || selection.cpMax == errorMarkEnd) return;
         SetErrorMark(false, -1, -1);
     }
-    const CString word = GetSelectionText();
-    if (!isQualifiedWord(word)) return;
+    // A selection over more than one line holds a line end, a separator, and lights nothing.
+    // It is judged by its ends alone, so that a selection of a whole large document is not
+    // copied at every update.
+    if (SendEditor(SCI_LINEFROMPOSITION, WPARAM(selection.cpMin)) !=
+        SendEditor(SCI_LINEFROMPOSITION, WPARAM(selection.cpMax)))
+        return;
     // Only a whole word lights anything: the bytes around the selection must not continue it.
     for (long position : {selection.cpMax, selection.cpMin - 1}) {
         const char ch = position >= 0 ? char(SendEditor(SCI_GETCHARAT, WPARAM(position))) : '\0';
         if (ch != '\0' && isWordChar(CString(ch, 1))) return;
     }
+    const CString word = GetSelectionText();
+    if (!isQualifiedWord(word)) return;
 
     const long targetStart = SendEditor(SCI_GETTARGETSTART);
     const long targetEnd = SendEditor(SCI_GETTARGETEND);

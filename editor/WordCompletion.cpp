@@ -1,6 +1,8 @@
 // Word completion from the document's own words, and brace matching round the caret.
 #include <algorithm>
 #include <cstring>
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "CScintillaWnd.h"
@@ -75,9 +77,10 @@ bool CScintillaWnd::StartAutoCompleteWord(int) {
     Sci_TextToFind ft;
     ft.lpstrText = root.c_str();
     ft.chrg.cpMin = 0;
-    // The candidates, each behind and in front of a "|", so that "|word|" finds a word already
-    // taken, byte for byte.
+    // The candidates in order of first occurrence, each followed by a "|"; whether a word is
+    // already taken is looked up, byte for byte, in a set beside the list.
     SString list("|");
+    std::unordered_set<std::string> taken;
     std::vector<char> text(kCandidateBytes + 1, '\0');
     for (;;) {
         ft.chrg.cpMax = docLength;
@@ -95,14 +98,9 @@ bool CScintillaWnd::StartAutoCompleteWord(int) {
         int wordLength = 0;
         while (wordLength < end - pos && !IsCompleteWord(text[size_t(wordLength)]) && text[size_t(wordLength)] != '\0')
             ++wordLength;
-        if (wordLength > rootLength) {
-            SString bracketed("|");
-            bracketed.append(text.data(), unsigned(wordLength));
-            bracketed += "|";
-            if (!list.contains(bracketed.c_str())) {
-                list.append(text.data(), unsigned(wordLength));
-                list += "|";
-            }
+        if (wordLength > rootLength && taken.emplace(text.data(), size_t(wordLength)).second) {
+            list.append(text.data(), unsigned(wordLength));
+            list += "|";
         }
         ft.chrg.cpMin = pos + std::max(wordLength, 1);  // always onwards
     }
@@ -115,7 +113,8 @@ bool CScintillaWnd::StartAutoCompleteWord(int) {
 }
 
 bool CScintillaWnd::FindMatchingBracePosition(bool editor, int& braceAtCaret, int& braceOpposite, bool sloppy) {
-    const int styleToCheck = editor ? bracesStyle : 0;
+    // Styles count in their low 5 bits, the style to check as well as the document's.
+    const int styleToCheck = (editor ? bracesStyle : 0) & 31;
     const int caret = int(GetCurrentPosition());
     braceAtCaret = -1;
     braceOpposite = -1;

@@ -73,6 +73,29 @@ TEST_F(FindTest, RegularExpressionBoxExcludesWholeWord) {
     }
 }
 
+TEST_F(FindTest, EachDialogsOwnExpressionBoxDecidesTheDecodingOfItsSearch) {
+    load("x!y \\x21");  // the last four bytes are a backslash, x, 2 and 1
+    editor->Replace();
+    CEditReplaceDlg* replace = editor->GetReplaceDialog();
+    comboOf(replace, CEditReplaceDlg::IDC_FIND_TEXT)->setEditText("\\x21");  // plain text
+    editor->Find();
+    CFindTextDlg* find = editor->GetFindDialog();
+    comboOf(find, CFindTextDlg::IDC_FIND_TEXT)->setEditText("\\041");  // an expression for "!"
+    button(find, CFindTextDlg::IDC_REGULAR_EXPRESSION)->click();
+    select(0, 0);
+
+    for (int round = 0; round < 2; ++round) {
+        SCOPED_TRACE(round);
+        button(find, IDOK)->click();
+        EXPECT_EQ(editor->unescape, 1);
+        EXPECT_EQ(selected(), "!");
+        button(replace, CEditReplaceDlg::IDC_FIND_NEXT)->click();
+        EXPECT_EQ(editor->unescape, 0);
+        EXPECT_EQ(selected(), "\\x21");  // searched as typed, not decoded
+    }
+    EXPECT_TRUE(messages.empty());
+}
+
 TEST_F(FindTest, ReplaceScopeFollowsTheSelectionAndLongTextsAreCut) {
     load("");
     editor->findText = CString(std::string(300, 'q'));

@@ -125,6 +125,34 @@ TEST_F(FindTest, PlayReplaceComparesWithoutCaseAndOtherwiseSearches) {
     select(0, 9);
     EXPECT_TRUE(editor->PlayReplace());
     EXPECT_EQ(text(), "value=key");
+
+    // Case is that of every letter, not of ASCII alone; a letter that is no other case of the
+    // expected one still differs.
+    editor->regExp = 0;
+    editor->unescape = 0;
+    editor->matchCase = 0;
+    editor->findText = "äpfel";
+    editor->replaceText = "X";
+    load("ÄPFEL Öpfel äpfel");
+    select(0, 6);  // "ÄPFEL"
+    EXPECT_TRUE(editor->PlayReplace());
+    EXPECT_EQ(text(), "X Öpfel äpfel");
+    EXPECT_EQ(selected(), "äpfel");
+    select(2, 8);  // "Öpfel"
+    EXPECT_FALSE(editor->PlayReplace());
+    EXPECT_EQ(text(), "X Öpfel äpfel");
+    EXPECT_EQ(selected(), "äpfel");  // the search moved on to the match
+
+    // Bytes that are no UTF-8 character must agree exactly.
+    editor->matchCase = 1;
+    editor->findText = "\xfe";
+    load("\xff \xfe");
+    select(0, 1);
+    EXPECT_FALSE(editor->PlayReplace());
+    EXPECT_EQ(text(), "\xff \xfe");
+    EXPECT_EQ(editor->GetSelectionStart(), 2);  // moved on to the real match
+    EXPECT_TRUE(editor->PlayReplace());
+    EXPECT_EQ(text(), "\xff X");
 }
 
 TEST_F(FindTest, ReplaceAllIsOneUndoStepAndLeavesTheCaretAfterTheLast) {

@@ -72,6 +72,21 @@ TEST_F(MemComboTest, FillPutsTheTextOnTopOnceAndStoresTheGroup) {
     EXPECT_EQ(combo->GetLBText(6, none), CB_ERR);
 }
 
+TEST_F(MemComboTest, ATextWithALineEndIsListedButKeptOutOfTheHistory) {
+    combo->group = "G";
+    for (const char* t : {"one", "two\nlines", "three"}) combo->Fill(t);
+    EXPECT_EQ(items(), "three|two\nlines|one|");
+    EXPECT_EQ(CMemComboBox::groups["G"], "three\none\n");
+
+    CMemComboBox reloaded;  // what another combo of the group takes over
+    QComboBox reloadedBox(host.get());
+    reloadedBox.setEditable(true);
+    ASSERT_TRUE(reloaded.SubclassWindow(&reloadedBox));
+    reloaded.group = "G";
+    reloaded.OnSetfocus();
+    EXPECT_EQ(reloaded.GetCount(), 2);
+}
+
 TEST_F(MemComboTest, TheListKeepsSixtyFourItems) {
     combo->group = "G";
     for (int i = 0; i < CMemComboBox::kMaxItems; ++i) combo->Fill(CString(std::to_string(i)));

@@ -108,22 +108,26 @@ TEST_F(BraceTest, TheBraceBeforeTheCaretWinsAndStylesMustAgree) {
 }
 
 TEST_F(BraceTest, InABraceStyleBracesInStringsDoNotCount) {
-    editor->bracesStyle = 10;
-    load("f(a,')')", 6);
-    style(0, 8, 10);
-    style(4, 7, 6);  // the string ')'
-    int at = -1, opposite = -1;
-    EXPECT_FALSE(editor->FindMatchingBracePosition(true, at, opposite, true));  // behind the string's ")"
-    EXPECT_EQ(at, -1);
-    EXPECT_EQ(opposite, -1);
-    send(SCI_SETSEL, 7, 7);  // sloppy: the brace after the caret, in the brace style
-    EXPECT_TRUE(editor->FindMatchingBracePosition(true, at, opposite, true));
-    EXPECT_EQ(at, 7);
-    EXPECT_EQ(opposite, 1);
-    EXPECT_FALSE(editor->FindMatchingBracePosition(true, at, opposite, false));  // not sloppy: none
-    editor->GoMatchingBrace(false);
-    EXPECT_EQ(caret(), 2);
-    // Not for the editor the style to check is 0, which these braces do not have.
-    EXPECT_FALSE(editor->FindMatchingBracePosition(false, at, opposite, true));
-    EXPECT_EQ(at, -1);
+    // Styles count in their low 5 bits: 42 stands for the same style as 10.
+    for (const int bracesStyle : {10, 42}) {
+        SCOPED_TRACE(bracesStyle);
+        editor->bracesStyle = bracesStyle;
+        load("f(a,')')", 6);
+        style(0, 8, 10);
+        style(4, 7, 6);  // the string ')'
+        int at = -1, opposite = -1;
+        EXPECT_FALSE(editor->FindMatchingBracePosition(true, at, opposite, true));  // behind the string's ")"
+        EXPECT_EQ(at, -1);
+        EXPECT_EQ(opposite, -1);
+        send(SCI_SETSEL, 7, 7);  // sloppy: the brace after the caret, in the brace style
+        EXPECT_TRUE(editor->FindMatchingBracePosition(true, at, opposite, true));
+        EXPECT_EQ(at, 7);
+        EXPECT_EQ(opposite, 1);
+        EXPECT_FALSE(editor->FindMatchingBracePosition(true, at, opposite, false));  // not sloppy: none
+        editor->GoMatchingBrace(false);
+        EXPECT_EQ(caret(), 2);
+        // Not for the editor the style to check is 0, which these braces do not have.
+        EXPECT_FALSE(editor->FindMatchingBracePosition(false, at, opposite, true));
+        EXPECT_EQ(at, -1);
+    }
 }

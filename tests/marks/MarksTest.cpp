@@ -125,6 +125,10 @@ TEST_F(MarksTest, SelectingAWholeWordLightsItsVisibleOccurrencesInAnyCase) {
     EXPECT_TRUE(lit().empty());
     selectAndUpdate(28, 34);  // "emp.id" holds a separator
     EXPECT_TRUE(lit().empty());
+    selectAndUpdate(66, 70);  // "Emp" and its line end
+    EXPECT_TRUE(lit().empty());
+    selectAndUpdate(66, 69);  // up to the line's end, not over it
+    EXPECT_EQ(lit(), expected);
     selectAndUpdate(5, 5);
     EXPECT_TRUE(lit().empty());
 }
