@@ -10,3 +10,4 @@ quillbox_unit_test(test_indent
           ${CMAKE_CURRENT_SOURCE_DIR}/indent/IndentationTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/indent/WordCompletionTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/indent/AppIndentTest.cpp)
+target_include_directories(test_indent PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/editor)

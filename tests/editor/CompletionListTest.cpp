@@ -1,6 +1,4 @@
-// The engine layer's completion list: show with the bytes already typed, add items to the list
-// that shows, and the list's requests for more items and for a refresh.
-#include <QApplication>
+// The engine's completion list: show, grow while shown, and its requests for more and a refresh.
 #include <QTest>
 
 #include "EditorFixture.h"
@@ -9,44 +7,35 @@ class CompletionListTest : public EditorTest {
 protected:
     void SetUp() override {
         EditorTest::SetUp();
-        frame->GetSafeHwnd()->activateWindow();
-        editor->GetSafeHwnd()->setFocus();
-        QApplication::processEvents();
+        focusEditor();
         send(SCI_AUTOCSETSEPARATOR, '|');
         load("select ord");
         send(SCI_DOCUMENTEND);
     }
-    CString current() {
-        char text[64] = {};
-        send(SCI_AUTOCGETCURRENTTEXT, 0, reinterpret_cast<LPARAM>(text));
-        return CString(text);
-    }
-    int count(UINT code) {
-        int n = 0;
-        for (const auto& rec : editor->notifications) n += rec.nmhdr.code == code;
-        return n;
-    }
+    long list(long message, long typed, const char* items) { return send(message, typed, reinterpret_cast<LPARAM>(items)); }
 };
 
 TEST_F(CompletionListTest, AListShowsAndGrowsWhileTheChosenItemStays) {
-    EXPECT_EQ(send(SCI_APPENDLIST_EXT, 0, reinterpret_cast<LPARAM>("x")), 0);  // no list yet: nothing
+    EXPECT_EQ(list(SCI_APPENDLIST_EXT, 0, "x"), 0);  // no list yet: nothing
     EXPECT_EQ(send(SCI_AUTOCACTIVE), 0);
-    send(SCI_SHOWLIST_EXT, 3, reinterpret_cast<LPARAM>("order_lines|orders"));
+    list(SCI_SHOWLIST_EXT, 3, "order_lines|orders");
     ASSERT_EQ(send(SCI_AUTOCACTIVE), 1);
-    send(SCI_AUTOCSELECT, 0, reinterpret_cast<LPARAM>("orders"));
-    send(SCI_APPENDLIST_EXT, 0, reinterpret_cast<LPARAM>("ordinal|ordination"));
+    list(SCI_AUTOCSELECT, 0, "orders");
+    list(SCI_APPENDLIST_EXT, 0, "ordinal|ordination");
     ASSERT_EQ(send(SCI_AUTOCACTIVE), 1);
-    EXPECT_EQ(current(), "orders");
+    char current[64] = {};
+    send(SCI_AUTOCGETCURRENTTEXT, 0, reinterpret_cast<LPARAM>(current));
+    EXPECT_STREQ(current, "orders");
     QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_Return);  // accepting is the engine's own work
     EXPECT_EQ(text(), "select orders");
 }
 
 TEST_F(CompletionListTest, TheLastItemAsksForMoreAndDeletingAsksForARefresh) {
-    send(SCI_SHOWLIST_EXT, 3, reinterpret_cast<LPARAM>("order_lines|orders"));
+    list(SCI_SHOWLIST_EXT, 3, "order_lines|orders");
     editor->notifications.clear();
     QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_Down);
     QApplication::processEvents();
-    EXPECT_EQ(count(SCN_LISTMORE_EXT), 1);
+    EXPECT_EQ(notified(SCN_LISTMORE_EXT).size(), 1u);
     QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_Backspace);
-    EXPECT_GE(count(SCN_LISTREFRESH_EXT), 1);
+    EXPECT_GE(notified(SCN_LISTREFRESH_EXT).size(), 1u);
 }

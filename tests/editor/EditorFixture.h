@@ -1,8 +1,10 @@
 #pragma once
-// A host for editor tests: a top-level frame window with a CScintillaWnd child made through
-// the library's own Create, and access to the protected steps a subclass may call.
+// Editor test host: a frame with a CScintillaWnd child made by Create, its protected steps opened.
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <cstring>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -11,20 +13,10 @@
 
 class TestEditor : public CScintillaWnd {
 public:
-    using CScintillaWnd::fontSetting;
-    using CScintillaWnd::initScintilla;
-    using CScintillaWnd::ApplyProFile;
-    using CScintillaWnd::LineHead;
-    using CScintillaWnd::PageEnd;
-    using CScintillaWnd::Invertcase;
-    using CScintillaWnd::DelCtrlBack;
-    using CScintillaWnd::DelWordRight;
-    using CScintillaWnd::keyWordUsingPreCreate;
-    using CScintillaWnd::noFocusOnSetText;
-    using CScintillaWnd::PutToClipboard;
-    using CScintillaWnd::SendEditor;
-    using CScintillaWnd::transformLineEnds;
-    using CScintillaWnd::UpdateUI;
+    using CScintillaWnd::fontSetting, CScintillaWnd::initScintilla, CScintillaWnd::ApplyProFile, CScintillaWnd::LineHead,
+        CScintillaWnd::PageEnd, CScintillaWnd::Invertcase, CScintillaWnd::DelCtrlBack, CScintillaWnd::DelWordRight,
+        CScintillaWnd::keyWordUsingPreCreate, CScintillaWnd::noFocusOnSetText, CScintillaWnd::PutToClipboard,
+        CScintillaWnd::SendEditor, CScintillaWnd::transformLineEnds, CScintillaWnd::UpdateUI;
     void SetOneStyleForTest(int style, const StyleDefinition& sd) { SetOneStyle(style, sd); }
 
     std::vector<SCNotification> notifications;
@@ -38,16 +30,61 @@ public:
     }
 };
 
-class EditorTest : public ::testing::Test {
+// A frame with an editor window of type E made by Create; other test areas host their own editor kinds.
+template <class E>
+class EditorHostTest : public ::testing::Test {
 protected:
-    void SetUp() override;
-    void TearDown() override;
+    void SetUp() override {
+        frame = std::make_unique<CWnd>();
+        ASSERT_TRUE(frame->CreateEx(0, "QuillboxFrame", "frame", WS_VISIBLE, RECT{0, 0, 640, 480}, nullptr, 0));
+        editor = std::make_unique<E>();
+        ASSERT_EQ(editor->Create("editor", WS_CHILD | WS_VISIBLE, RECT{0, 0, 600, 400}, frame.get(), 42), 1);
+    }
+    void TearDown() override { editor.reset(), frame.reset(); }
 
-    // Replaces the document, in LF or CR LF mode as asked, without undo history.
-    void load(const char* text, long eolMode = SC_EOL_LF);
+    // Replaces the document, in LF or CR LF mode as asked, without undo history, the caret at 0.
+    void load(const char* content, long eolMode = SC_EOL_LF) {
+        send(SCI_SETEOLMODE, WPARAM(eolMode));
+        send(SCI_CLEARALL);
+        send(SCI_APPENDTEXT, strlen(content), reinterpret_cast<LPARAM>(content));
+        send(SCI_EMPTYUNDOBUFFER);
+        send(SCI_SETSAVEPOINT);
+        send(SCI_GOTOPOS, 0);
+    }
     long send(long message, WPARAM w = 0, LPARAM l = 0) { return editor->SendEditor(message, w, l); }
     CString text() { return editor->GetText(); }
+    // Checks send(message, w) against the expected answer, row by row.
+    struct Query { long message; WPARAM w; long expected; };
+    void expectSends(std::initializer_list<Query> rows) {
+        for (const Query& q : rows) {
+            SCOPED_TRACE(testing::Message() << "message " << q.message << " w " << q.w);
+            EXPECT_EQ(send(q.message, q.w), q.expected);
+        }
+    }
+    // Runs each step in turn and checks the document's text after it.
+    struct Step { std::function<void()> action; const char* expected; };
+    void expectSteps(std::initializer_list<Step> steps) {
+        for (const Step& step : steps) {
+            step.action();
+            EXPECT_EQ(std::string(editor->GetText().c_str()), step.expected);
+        }
+    }
+    void focusEditor() {
+        frame->GetSafeHwnd()->activateWindow();
+        editor->GetSafeHwnd()->setFocus();
+        QApplication::processEvents();
+    }
+    // Indexes of the recorded notifications with this code.
+    std::vector<size_t> notified(UINT code) {
+        std::vector<size_t> found;
+        for (size_t i = 0; i < editor->notifications.size(); ++i)
+            if (editor->notifications[i].nmhdr.code == code) found.push_back(i);
+        return found;
+    }
 
     std::unique_ptr<CWnd> frame;
-    std::unique_ptr<TestEditor> editor;
+    std::unique_ptr<E> editor;
 };
+
+using EditorTest = EditorHostTest<TestEditor>;
+extern template class EditorHostTest<TestEditor>;

@@ -10,26 +10,17 @@
 
 namespace {
 // Points the trace file at a fresh file for one test and reads it back.
-class TraceCapture {
-public:
+struct TraceCapture {
     explicit TraceCapture(const char* level) {
-        path_ = dir_.filePath("trace.log").toStdString();
-        setenv("QUILLBOX_LOG_FILE", path_.c_str(), 1);
+        setenv("QUILLBOX_LOG_FILE", dir.filePath("trace.log").toUtf8().constData(), 1);
         setenv("QUILLBOX_LOG_LEVEL", level, 1);
     }
-    ~TraceCapture() {
-        unsetenv("QUILLBOX_LOG_FILE");
-        setenv("QUILLBOX_LOG_LEVEL", "0", 1);
-    }
+    ~TraceCapture() { unsetenv("QUILLBOX_LOG_FILE"), setenv("QUILLBOX_LOG_LEVEL", "0", 1); }
     QStringList lines() const {
-        QFile f(QString::fromStdString(path_));
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        return QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts);
+        QFile f(dir.filePath("trace.log"));
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts) : QStringList();
     }
-
-private:
-    QTemporaryDir dir_;
-    std::string path_;
+    QTemporaryDir dir;
 };
 }  // namespace
 
@@ -67,18 +58,14 @@ TEST(EditorWindow, EntryTracesAppearAtLevelNine) {
     ASSERT_EQ(editor.Create("x", WS_CHILD, RECT{0, 0, 100, 100}, &frame, 1), 1);
     editor.initScintilla();
     const QString all = capture.lines().join('\n');
-    EXPECT_TRUE(all.contains("CScintillaWnd::Create : ( "));
-    EXPECT_TRUE(all.contains("CScintillaWnd::Create Success : ( "));
-    EXPECT_TRUE(all.contains("CScintillaWnd::initScintilla : ( "));
+    for (const char* entry : {"CScintillaWnd::Create : ( ", "CScintillaWnd::Create Success : ( ", "CScintillaWnd::initScintilla : ( "})
+        EXPECT_TRUE(all.contains(entry)) << entry;
 }
 
 TEST(EditorWindow, EngineLoadFailureIsTracedAndShown) {
     TraceCapture capture("9");
     CString shown;
-    MessageBoxHook previous = SetMessageBoxHook([&](const char* text, const char*, UINT) {
-        shown = text;
-        return IDOK;
-    });
+    MessageBoxHook previous = SetMessageBoxHook([&](const char* text, const char*, UINT) { return shown = text, IDOK; });
     EXPECT_EQ(CScintillaWnd::LoadScintillaDll("/nonexistent/libscilexer.so"), nullptr);
     SetMessageBoxHook(previous);
     EXPECT_EQ(shown.Find("/nonexistent/libscilexer.so : "), 0);
@@ -88,98 +75,84 @@ TEST(EditorWindow, EngineLoadFailureIsTracedAndShown) {
 }
 
 TEST_F(EditorTest, InitialiseWithKeywordsDefinesFoldingAndNarrowsNotifications) {
-    editor->initScintilla();
-    EXPECT_EQ(send(SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER), SC_MARK_BOXPLUS);
-    EXPECT_EQ(send(SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDERMIDTAIL), SC_MARK_TCORNER);
-    EXPECT_EQ(send(SCI_GETMODEVENTMASK), SC_MOD_CHANGEFOLD);
-    EXPECT_EQ(send(SCI_GETMARGINSENSITIVEN, 2), 1);
-    EXPECT_EQ(send(SCI_GETEOLMODE), SC_EOL_CRLF);
-    EXPECT_EQ(send(SCI_STYLEGETFORE, 5), 0xFF0000);
-    EXPECT_EQ(send(SCI_STYLEGETBOLD, STYLE_BRACELIGHT), 1);
-    EXPECT_EQ(send(SCI_INDICGETSTYLE, 29), INDIC_STRAIGHTBOX);
-    EXPECT_EQ(send(SCI_MARKERSYMBOLDEFINED, 2), SC_MARK_SHORTARROW);
-    // The sequence may run again and again.
-    editor->initScintilla();
-    EXPECT_EQ(send(SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER), SC_MARK_BOXPLUS);
+    for (int round = 0; round < 2; ++round) {  // the sequence may run again and again
+        SCOPED_TRACE(round);
+        editor->initScintilla();
+        expectSends({{SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER, SC_MARK_BOXPLUS},
+                     {SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDERMIDTAIL, SC_MARK_TCORNER},
+                     {SCI_GETMODEVENTMASK, 0, SC_MOD_CHANGEFOLD}, {SCI_GETMARGINSENSITIVEN, 2, 1},
+                     {SCI_GETEOLMODE, 0, SC_EOL_CRLF}, {SCI_STYLEGETFORE, 5, 0xFF0000}, {SCI_STYLEGETBOLD, STYLE_BRACELIGHT, 1},
+                     {SCI_INDICGETSTYLE, 29, INDIC_STRAIGHTBOX}, {SCI_MARKERSYMBOLDEFINED, 2, SC_MARK_SHORTARROW}});
+    }
 }
 
 TEST_F(EditorTest, InitialiseWithoutKeywordsSkipsLexerAndFoldingButSetsTheRest) {
     editor->keyWordUsingPreCreate = 0;
     const long markerBefore = send(SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER);
     editor->initScintilla();
-    EXPECT_EQ(send(SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER), markerBefore);
-    EXPECT_EQ(send(SCI_GETMODEVENTMASK), SC_MODEVENTMASKALL);
-    EXPECT_EQ(send(SCI_GETMARGINSENSITIVEN, 2), 0);
-    EXPECT_EQ(send(SCI_GETEOLMODE), SC_EOL_CRLF);
-    EXPECT_EQ(send(SCI_STYLEGETFORE, 4), 0x0000FF);
-    EXPECT_EQ(send(SCI_INDICGETALPHA, 29), 192);
+    expectSends({{SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER, markerBefore}, {SCI_GETMODEVENTMASK, 0, SC_MODEVENTMASKALL},
+                 {SCI_GETMARGINSENSITIVEN, 2, 0}, {SCI_GETEOLMODE, 0, SC_EOL_CRLF}, {SCI_STYLEGETFORE, 4, 0x0000FF},
+                 {SCI_INDICGETALPHA, 29, 192}});
 }
 
 TEST_F(EditorTest, DocumentKeepsStyleBytesOnlyWhileALexerNeedsThem) {
-    // The fixture's window starts with a lexer; an empty window without one drops its styles.
-    EXPECT_EQ(send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE, 0);
+    const CString styled("select 1 -- \xed\x95\x9c\r\n");
+    auto stylesDropped = [&] { return send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE; };
+    EXPECT_EQ(stylesDropped(), 0);  // the fixture's window starts with a lexer
     send(SCI_SETTABWIDTH, 7);
     editor->keyWordUsingPreCreate = 0;
-    editor->initScintilla();
-    EXPECT_NE(send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE, 0);
-    EXPECT_EQ(send(SCI_GETCODEPAGE), SC_CP_UTF8);
-    EXPECT_EQ(send(SCI_GETTABWIDTH), 7);
-
-    // Back to a lexer with text in the window: the text, its save point and the read-only
-    // state go over to the styled document, and the lexer colours it.
-    editor->SetText("select 1 -- \xed\x95\x9c\r\n", 0);
+    editor->initScintilla();  // an empty window without a lexer drops its styles
+    EXPECT_NE(stylesDropped(), 0);
+    expectSends({{SCI_GETCODEPAGE, 0, SC_CP_UTF8}, {SCI_GETTABWIDTH, 0, 7}});
+    // Back to a lexer: text, save point and read-only state go over, and the lexer colours it.
+    editor->SetText(styled, 0);
     send(SCI_SETSAVEPOINT);
     send(SCI_SETREADONLY, 1);
     editor->keyWordUsingPreCreate = 1;
     editor->initScintilla();
-    EXPECT_EQ(send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE, 0);
-    EXPECT_STREQ(text().c_str(), "select 1 -- \xed\x95\x9c\r\n");
-    EXPECT_EQ(send(SCI_GETMODIFY), 0);
-    EXPECT_EQ(send(SCI_GETREADONLY), 1);
-    EXPECT_EQ(send(SCI_GETCODEPAGE), SC_CP_UTF8);
+    EXPECT_EQ(stylesDropped(), 0);
+    EXPECT_STREQ(text().c_str(), styled.c_str());
+    expectSends({{SCI_GETMODIFY, 0, 0}, {SCI_GETREADONLY, 0, 1}, {SCI_GETCODEPAGE, 0, SC_CP_UTF8}});
     send(SCI_COLOURISE, 0, -1);
     EXPECT_EQ(send(SCI_GETSTYLEAT, 0), 5);  // keyword
-
-    // A document with text never loses it to drop style bytes.
     editor->keyWordUsingPreCreate = 0;
-    editor->initScintilla();
-    EXPECT_EQ(send(SCI_GETDOCUMENTOPTIONS) & SC_DOCUMENTOPTION_STYLES_NONE, 0);
-    EXPECT_STREQ(text().c_str(), "select 1 -- \xed\x95\x9c\r\n");
+    editor->initScintilla();  // a document with text never loses it to drop style bytes
+    EXPECT_EQ(stylesDropped(), 0);
+    EXPECT_STREQ(text().c_str(), styled.c_str());
 }
 
 TEST_F(EditorTest, MessagesReachTheEngineThroughTheWindow) {
     load("abc");
     EXPECT_EQ(editor->SendMessage(SCI_GETLENGTH), 3);
-    EXPECT_EQ(editor->SendMessage(0x343B), 1);             // the copy check answers 1
-    EXPECT_EQ(editor->SendMessage(WM_USER + 5), 0);        // unknown window messages do nothing
+    EXPECT_EQ(editor->SendMessage(0x343B), 1);       // the copy check answers 1
+    EXPECT_EQ(editor->SendMessage(WM_USER + 5), 0);  // unknown window messages do nothing
     EXPECT_EQ(editor->SendMessage(SCI_DELETERANGE_EXT, 0, 1), 1);
     EXPECT_EQ(text(), "bc");
 }
 
 TEST_F(EditorTest, NotificationsReachTheWindowWithTheirFields) {
     load("line\n");
-    editor->SendEditor(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
+    send(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
     editor->notifications.clear();
     editor->notifiedTexts.clear();
-    editor->SendEditor(SCI_INSERTTEXT, 2, reinterpret_cast<LPARAM>("a\nb\n"));
-    editor->SendEditor(SCI_DELETERANGE, 1, 3);
-    std::vector<size_t> modified;
-    for (size_t i = 0; i < editor->notifications.size(); ++i)
-        if (editor->notifications[i].nmhdr.code == SCN_MODIFIED) modified.push_back(i);
+    send(SCI_INSERTTEXT, 2, reinterpret_cast<LPARAM>("a\nb\n"));
+    send(SCI_DELETERANGE, 1, 3);
+    const std::vector<size_t> modified = notified(SCN_MODIFIED);
     ASSERT_EQ(modified.size(), 2u);
     const SCNotification& ins = editor->notifications[modified[0]];
     EXPECT_TRUE(ins.modificationType & SC_MOD_INSERTTEXT);
     EXPECT_TRUE(ins.modificationType & SC_PERFORMED_USER);
-    EXPECT_EQ(ins.position, 2);
-    EXPECT_EQ(ins.length, 4);
-    EXPECT_EQ(ins.linesAdded, 2);
-    EXPECT_EQ(editor->notifiedTexts[modified[0]], "a\nb\n");
     EXPECT_EQ(ins.nmhdr.hwndFrom, editor->GetSafeHwnd());
     EXPECT_EQ(ins.nmhdr.idFrom, 42u);
     const SCNotification& del = editor->notifications[modified[1]];
     EXPECT_TRUE(del.modificationType & SC_MOD_DELETETEXT);
-    EXPECT_EQ(del.position, 1);
-    EXPECT_EQ(del.length, 3);
-    EXPECT_EQ(del.linesAdded, -1);
-    EXPECT_EQ(editor->notifiedTexts[modified[1]], "ia\n");
+    const struct { const SCNotification& n; long position, length, linesAdded; const char* text; } rows[] = {
+        {ins, 2, 4, 2, "a\nb\n"}, {del, 1, 3, -1, "ia\n"}};
+    for (size_t i = 0; i < 2; ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(rows[i].n.position, rows[i].position);
+        EXPECT_EQ(rows[i].n.length, rows[i].length);
+        EXPECT_EQ(rows[i].n.linesAdded, rows[i].linesAdded);
+        EXPECT_EQ(editor->notifiedTexts[modified[i]], rows[i].text);
+    }
 }

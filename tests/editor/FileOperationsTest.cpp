@@ -5,42 +5,41 @@
 
 #include "EditorFixture.h"
 
-namespace {
-QByteArray readAll(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-void writeAll(const QString& path, const QByteArray& bytes) {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-}  // namespace
-
 class FileTest : public EditorTest {
 protected:
     QString path(const char* name) const { return dir.filePath(name); }
     QByteArray local(const char* name) const { return path(name).toUtf8(); }
+    QByteArray read(const char* name) const {
+        QFile f(path(name));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
+    }
+    void write(const char* name, const QByteArray& bytes) {
+        QFile f(path(name));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(bytes);
+    }
+    // Loads the text and changes it by one more byte, so that it is modified.
+    void loadModified(const char* content, const char* more) {
+        load(content);
+        send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>(more));
+    }
     QTemporaryDir dir;
 };
 
 TEST_F(FileTest, LoadingLeavesNothingToUndoAndTheCaretAtTheStart) {
     EXPECT_EQ(editor->LoadFile(""), 1);
     EXPECT_EQ(editor->LoadFile(nullptr), 1);
-    writeAll(path("a.sql"), "select 1\nfrom dual;\n");
+    write("a.sql", "select 1\nfrom dual;\n");
     load("previous");
     send(SCI_GOTOPOS, 3);
     ASSERT_EQ(editor->LoadFile(local("a.sql")), 1);
     EXPECT_EQ(text(), "select 1\nfrom dual;\n");  // LF mode of the test window
-    EXPECT_EQ(send(SCI_CANUNDO), 0);
-    EXPECT_EQ(send(SCI_GETMODIFY), 0);
-    EXPECT_EQ(send(SCI_GETCURRENTPOS), 0);
+    expectSends({{SCI_CANUNDO, 0, 0}, {SCI_GETMODIFY, 0, 0}, {SCI_GETCURRENTPOS, 0, 0}});
 }
 
 TEST_F(FileTest, AFileThatDoesNotDecodeLeavesTheDocumentAlone) {
-    writeAll(path("bad.sql"), QByteArray("select '\x80\xff\x81' from t"));  // no code page fits
-    load("keep me");
-    send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>("!"));
+    write("bad.sql", QByteArray("select '\x80\xff\x81' from t"));  // no code page fits
+    loadModified("keep me", "!");
     EXPECT_EQ(editor->LoadFile(local("bad.sql")), 0);
     EXPECT_EQ(text(), "keep me!");
     EXPECT_EQ(send(SCI_GETMODIFY), 1);
@@ -52,67 +51,57 @@ TEST_F(FileTest, AFileThatDoesNotDecodeLeavesTheDocumentAlone) {
 TEST_F(FileTest, TheFileDecidesItsEncodingAndLegacyBytesComeBackTheSame) {
     // "select '한글'" in code page 949, CR LF line ends: read and written back unchanged.
     const QByteArray korean("select '\xc7\xd1\xb1\xdb' from t;\r\nselect 2;\r\n");
-    writeAll(path("k.sql"), korean);
+    write("k.sql", korean);
     ASSERT_EQ(editor->LoadFile(local("k.sql")), 1);
     EXPECT_EQ(text(), "select '한글' from t;\nselect 2;\n");
     EXPECT_EQ(editor->SaveFile(local("k.sql"), -1, false), 1);
-    EXPECT_EQ(readAll(path("k.sql")), korean);
-
+    EXPECT_EQ(read("k.sql"), korean);
     const QByteArray utf8Bom("\xef\xbb\xbfselect '\xed\x95\x9c';\r\n");
-    writeAll(path("u.sql"), utf8Bom);
+    write("u.sql", utf8Bom);
     ASSERT_EQ(editor->LoadFile(local("u.sql")), 1);
     EXPECT_EQ(editor->SaveFile(local("u.sql"), 5, false), 1);  // out of range: the file decides
-    EXPECT_EQ(readAll(path("u.sql")), utf8Bom);
-
+    EXPECT_EQ(read("u.sql"), utf8Bom);
     load("new 한\n");
     EXPECT_EQ(editor->SaveFile(local("new.sql"), -1, false), 1);  // a new file: UTF-8
-    EXPECT_EQ(readAll(path("new.sql")), "new \xed\x95\x9c\r\n");
+    EXPECT_EQ(read("new.sql"), "new \xed\x95\x9c\r\n");
 }
 
 TEST_F(FileTest, SavingWritesCrLfAndSetsTheSavePointButKeepsTheLineEndMode) {
-    load("a\nb\n");
-    send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>("c"));
+    loadModified("a\nb\n", "c");
     ASSERT_EQ(editor->SaveFile(local("out.sql"), 1, false), 1);
-    EXPECT_EQ(readAll(path("out.sql")), "a\r\nb\r\nc");
+    EXPECT_EQ(read("out.sql"), "a\r\nb\r\nc");
     EXPECT_EQ(text(), "a\r\nb\r\nc");
-    EXPECT_EQ(send(SCI_GETEOLMODE), SC_EOL_LF);
-    EXPECT_EQ(send(SCI_GETMODIFY), 0);
+    expectSends({{SCI_GETEOLMODE, 0, SC_EOL_LF}, {SCI_GETMODIFY, 0, 0}});
     load("raw\n");
     ASSERT_EQ(editor->SaveFile(local("raw.sql")), 1);
-    EXPECT_EQ(readAll(path("raw.sql")), "raw\r\n");
+    EXPECT_EQ(read("raw.sql"), "raw\r\n");
 }
 
 TEST_F(FileTest, TheBackupHoldsTheStateBeforeTheLastSave) {
-    load("one\n");
-    ASSERT_EQ(editor->SaveFile(local("b.sql"), 1, true), 1);  // nothing to back up yet
-    EXPECT_FALSE(QFile::exists(path("b.sql.bak")));
-    load("two\n");
-    ASSERT_EQ(editor->SaveFile(local("b.sql"), 1, true), 1);
-    load("three\n");
-    ASSERT_EQ(editor->SaveFile(local("b.sql"), 1, true), 1);
-    EXPECT_EQ(readAll(path("b.sql")), "three\r\n");
-    EXPECT_EQ(readAll(path("b.sql.bak")), "two\r\n");  // one generation
+    for (const char* content : {"one\n", "two\n", "three\n"}) {
+        load(content);
+        ASSERT_EQ(editor->SaveFile(local("b.sql"), 1, true), 1);
+        if (content[1] == 'n') { EXPECT_FALSE(QFile::exists(path("b.sql.bak"))); }  // nothing to back up yet
+    }
+    EXPECT_EQ(read("b.sql"), "three\r\n");
+    EXPECT_EQ(read("b.sql.bak"), "two\r\n");  // one generation
 }
 
 TEST_F(FileTest, AFailedSaveChangesNeitherTheDocumentNorItsSavePoint) {
-    load("text\n");
-    send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>("!"));
+    loadModified("text\n", "!");
     const QByteArray missingFolder = dir.filePath("no/such/folder/x.sql").toUtf8();
     EXPECT_EQ(editor->SaveFile(missingFolder, 1, true), 0);
     EXPECT_EQ(editor->SaveFile(missingFolder), 0);
     EXPECT_EQ(text(), "text\n!");
     EXPECT_EQ(send(SCI_GETMODIFY), 1);
     EXPECT_FALSE(editor->GetLastFileError().IsEmpty());
-
-    // A character the legacy code page cannot hold fails the save; the old file stands under
-    // the backup name, as the backup moves it before the write.
-    writeAll(path("old.sql"), "old\r\n");
-    load("emoji 😀\n");
-    send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>("x"));
+    // A character the legacy code page cannot hold fails the save after the backup moved the old file.
+    write("old.sql", "old\r\n");
+    loadModified("emoji 😀\n", "x");
     EXPECT_EQ(editor->SaveFile(local("old.sql"), 0, true), 0);
     EXPECT_EQ(text(), "emoji 😀\nx");
     EXPECT_EQ(send(SCI_GETMODIFY), 1);
-    EXPECT_EQ(readAll(path("old.sql.bak")), "old\r\n");
+    EXPECT_EQ(read("old.sql.bak"), "old\r\n");
     EXPECT_FALSE(QFile::exists(path("old.sql")));
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"old.sql.bak"});  // no temporary file left
 }

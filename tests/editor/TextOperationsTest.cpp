@@ -9,32 +9,28 @@
 
 TEST_F(EditorTest, LineEndsAreRewrittenInAllThreeModes) {
     const CString mixed("a\r\nb\rc\nd\n\re");
-    EXPECT_EQ(editor->transformLineEnds(mixed, SC_EOL_LF), "a\nb\nc\nd\n\ne");
-    EXPECT_EQ(editor->transformLineEnds(mixed, SC_EOL_CR), "a\rb\rc\rd\r\re");
-    EXPECT_EQ(editor->transformLineEnds(mixed, SC_EOL_CRLF), "a\r\nb\r\nc\r\nd\r\n\r\ne");
-    // LF then CR is two line ends; CR LF is one.
-    EXPECT_EQ(editor->transformLineEnds("\n\r", SC_EOL_CRLF), "\r\n\r\n");
-    EXPECT_EQ(editor->transformLineEnds(CString("\n\n\n"), SC_EOL_CRLF), "\r\n\r\n\r\n");
-    EXPECT_EQ(editor->transformLineEnds("", SC_EOL_CRLF), "");
-    // A text ends at its first NUL.
-    EXPECT_EQ(editor->transformLineEnds(CString("x\ny\0z", 5), SC_EOL_CRLF), "x\r\ny");
-    // Multi-byte characters pass untouched.
-    EXPECT_EQ(editor->transformLineEnds("가\n나", SC_EOL_CRLF), "가\r\n나");
+    const struct { CString in; int mode; const char* out; } rows[] = {
+        {mixed, SC_EOL_LF, "a\nb\nc\nd\n\ne"}, {mixed, SC_EOL_CR, "a\rb\rc\rd\r\re"},
+        {mixed, SC_EOL_CRLF, "a\r\nb\r\nc\r\nd\r\n\r\ne"},
+        {"\n\r", SC_EOL_CRLF, "\r\n\r\n"},  // LF then CR is two line ends; CR LF is one
+        {"\n\n\n", SC_EOL_CRLF, "\r\n\r\n\r\n"}, {"", SC_EOL_CRLF, ""},
+        {CString("x\ny\0z", 5), SC_EOL_CRLF, "x\r\ny"},  // a text ends at its first NUL
+        {"가\n나", SC_EOL_CRLF, "가\r\n나"}};              // multi-byte characters pass untouched
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.out);
+        EXPECT_EQ(editor->transformLineEnds(row.in, row.mode), row.out);
+    }
 }
 
 TEST_F(EditorTest, SetTextDecidesUndoAndSavePoint) {
     load("old");
     editor->SetText("new text\n", 0);
     EXPECT_EQ(text(), "new text\n");
-    EXPECT_EQ(send(SCI_CANUNDO), 0);
-    EXPECT_EQ(send(SCI_GETMODIFY), 0);
-
+    expectSends({{SCI_CANUNDO, 0, 0}, {SCI_GETMODIFY, 0, 0}});
     editor->SetText("kept\n", 1);
-    EXPECT_EQ(send(SCI_CANUNDO), 1);
-    EXPECT_EQ(send(SCI_GETMODIFY), 1);
+    expectSends({{SCI_CANUNDO, 0, 1}, {SCI_GETMODIFY, 0, 1}});
     send(SCI_UNDO);
     EXPECT_EQ(text(), "new text\n");
-
     editor->SetText("", 0);  // an empty text keeps the document
     EXPECT_EQ(text(), "new text\n");
 }
@@ -57,16 +53,12 @@ TEST_F(EditorTest, SetTextTakesTheFocusUnlessTold) {
 
 TEST_F(EditorTest, InsertAddAppendAndReplace) {
     load("l0\nl1\nl2\n");
-    send(SCI_GOTOPOS, 4);  // on line 1
+    send(SCI_GOTOPOS, 4);                        // on line 1
     editor->InsertText(CPoint(0, -1), "X\r\n");  // the line after the caret's
     EXPECT_EQ(text(), "l0\nl1\nX\nl2\n");
-    EXPECT_EQ(send(SCI_GETCURRENTPOS), 4);     // the caret does not follow
-    editor->InsertText(CPoint(1, 0), "-");
-    EXPECT_EQ(text(), "l-0\nl1\nX\nl2\n");
-    editor->InsertText(CPoint(0, 0), "");
-    send(SCI_UNDO);
-    EXPECT_EQ(text(), "l0\nl1\nX\nl2\n");
-
+    EXPECT_EQ(send(SCI_GETCURRENTPOS), 4);  // the caret does not follow
+    expectSteps({{[&] { editor->InsertText(CPoint(1, 0), "-"); }, "l-0\nl1\nX\nl2\n"},
+                 {[&] { editor->InsertText(CPoint(0, 0), ""), send(SCI_UNDO); }, "l0\nl1\nX\nl2\n"}});
     load("ab");
     send(SCI_GOTOPOS, 1);
     editor->AddText("1\r2");
@@ -75,13 +67,8 @@ TEST_F(EditorTest, InsertAddAppendAndReplace) {
     editor->AppendText("\r\nend");
     EXPECT_EQ(text(), "a1\n2b\nend");
     EXPECT_EQ(send(SCI_GETCURRENTPOS), 4);
-
-    send(SCI_SETSEL, 0, 2);
-    editor->ReplaceSelection("Z\r\n", 0);
-    EXPECT_EQ(text(), "Z\n\n2b\nend");
-    send(SCI_SETSEL, 0, 1);
-    editor->PasteText("pp");
-    EXPECT_EQ(text(), "pp\n\n2b\nend");
+    expectSteps({{[&] { send(SCI_SETSEL, 0, 2), editor->ReplaceSelection("Z\r\n", 0); }, "Z\n\n2b\nend"},
+                 {[&] { send(SCI_SETSEL, 0, 1), editor->PasteText("pp"); }, "pp\n\n2b\nend"}});
 }
 
 TEST_F(EditorTest, DropTextInsertsAsIsAndSelectsIt) {
@@ -89,8 +76,7 @@ TEST_F(EditorTest, DropTextInsertsAsIsAndSelectsIt) {
     POINT p{int(send(SCI_POINTXFROMPOSITION, 0, 5)), int(send(SCI_POINTYFROMPOSITION, 0, 5)) + 2};
     editor->DropText(&p, "a\r\nb");
     EXPECT_EQ(text(), "01234a\r\nb56789");
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 5);
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 9);
+    expectSends({{SCI_GETSELECTIONSTART, 0, 5}, {SCI_GETSELECTIONEND, 0, 9}});
     send(SCI_UNDO);
     EXPECT_EQ(text(), "0123456789");
     send(SCI_SETREADONLY, 1);
@@ -103,21 +89,17 @@ TEST_F(EditorTest, AppendWithLimitTrimsTheFrontOrReplaces) {
     for (int i = 0; i < 94; ++i) lines += "line" + std::to_string(i) + "\n";
     load(lines.c_str());  // 95 lines, the last empty
     ASSERT_EQ(editor->GetLineCount(), 95);
-    // 95 + 10 is above 100: the front goes up to the end of line 5, its line end stays.
-    editor->AppendTextWithLimit("tail", 100, 10, false);
+    editor->AppendTextWithLimit("tail", 100, 10, false);  // 105 > 100: trim to line 5's end, keep its EOL
     EXPECT_EQ(editor->GetLineChars(0), "\n");
     EXPECT_EQ(editor->GetLineChars(1), "line6\n");
     EXPECT_EQ(editor->GetLineCount(), 90);
-
-    // At 90 lines the sum is 100: no trim.
-    editor->AppendTextWithLimit("+", 100, 10, true);
+    editor->AppendTextWithLimit("+", 100, 10, true);  // at 90 lines the sum is 100: no trim
     EXPECT_EQ(editor->GetLineCount(), 90);
     EXPECT_EQ(send(SCI_GETCURRENTPOS), send(SCI_GETLENGTH));
-
-    editor->AppendTextWithLimit("only\n", 0, 0, false);
-    EXPECT_EQ(text(), "only\n");
-    editor->AppendTextWithLimit("again", 0, 0, false);
-    EXPECT_EQ(text(), "again");
+    for (const char* replacing : {"only\n", "again"}) {
+        editor->AppendTextWithLimit(replacing, 0, 0, false);
+        EXPECT_EQ(text(), replacing);
+    }
 }
 
 TEST_F(EditorTest, ReadingRangesLinesAndCharacters) {
@@ -151,13 +133,11 @@ TEST_F(EditorTest, SelectionAsPositionsAndPlaces) {
     Sci_CharacterRange r = editor->GetSelection();
     EXPECT_EQ(r.cpMin, 2);
     EXPECT_EQ(r.cpMax, 14);
-
     send(SCI_GOTOPOS, 13);
     r = editor->SelectWordFromCurrentPos();
     EXPECT_EQ(editor->GetSelectionText(), "gamma_1");
     send(SCI_GOTOPOS, 10);  // on the line end: no word to the right, "beta" to the left
-    r = editor->SelectWordFromCurrentPos();
-    EXPECT_EQ(r.cpMin, 6);
+    EXPECT_EQ(editor->SelectWordFromCurrentPos().cpMin, 6);
 }
 
 TEST_F(EditorTest, ClearingAndDeleting) {
@@ -171,7 +151,6 @@ TEST_F(EditorTest, ClearingAndDeleting) {
     EXPECT_EQ(text(), "\n\n");
     EXPECT_EQ(editor->DeleteSection(-5, 1000), 2);  // clamped to the document
     EXPECT_EQ(editor->IsEmpty(), 1);
-
     load("keep");
     editor->ClearContent();
     EXPECT_EQ(send(SCI_CANUNDO), 1);
@@ -190,7 +169,6 @@ TEST_F(EditorTest, UndoFlagsAndClipboard) {
     EXPECT_EQ(send(SCI_CANUNDO), 0);
     editor->SetUndoCollection(1);
     EXPECT_EQ(editor->SetEmptyUndoCollection(), 1);
-
     EXPECT_EQ(editor->GetSelectedText(), "");
     QGuiApplication::clipboard()->clear();
     editor->PutToClipboard("copied 한글");
@@ -203,12 +181,9 @@ std::string naiveLineEnds(const std::string& text, int eolMode) {
     const std::string eol = eolMode == SC_EOL_CR ? "\r" : (eolMode == SC_EOL_LF ? "\n" : "\r\n");
     std::string out;
     for (size_t i = 0; i < text.size() && text[i] != '\0'; ++i) {
-        if (text[i] == '\r' || text[i] == '\n') {
-            if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-            out += eol;
-        } else {
-            out += text[i];
-        }
+        const bool crlf = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+        out += text[i] == '\r' || text[i] == '\n' ? eol : std::string(1, text[i]);
+        i += crlf;
     }
     return out;
 }
@@ -225,9 +200,7 @@ TEST_F(EditorTest, LineEndRewritingAgreesWithTheByteByByteRuleOnRandomTexts) {
             ASSERT_EQ(editor->transformLineEnds(CString(input), mode).str(), expected) << round;
             send(SCI_SETEOLMODE, WPARAM(mode));
             editor->SetText(CString(input), 0);
-            if (!expected.empty()) {
-                ASSERT_EQ(text().str(), expected) << round;
-            }
+            if (!expected.empty()) { ASSERT_EQ(text().str(), expected) << round; }
         }
     }
 }

@@ -1,5 +1,4 @@
-// The find and replace dialogs: what they hand their editor, their buttons and keys, and
-// what they keep between showings.
+// The find and replace dialogs: what they hand their editor, their buttons and keys, what they keep.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -62,14 +61,12 @@ TEST_F(FindTest, RegularExpressionBoxExcludesWholeWord) {
     for (CDialog* dialog : {static_cast<CDialog*>(editor->GetFindDialog()), static_cast<CDialog*>(editor->GetReplaceDialog())}) {
         QAbstractButton* wholeWord = button(dialog, CFindTextDlg::IDC_WHOLE_WORD);
         wholeWord->setChecked(true);
-        button(dialog, CFindTextDlg::IDC_REGULAR_EXPRESSION)->click();
-        EXPECT_FALSE(wholeWord->isChecked());
-        EXPECT_FALSE(wholeWord->isEnabled());
-        EXPECT_EQ(editor->unescape, 1);
-        button(dialog, CFindTextDlg::IDC_REGULAR_EXPRESSION)->click();
-        EXPECT_FALSE(wholeWord->isChecked());
-        EXPECT_TRUE(wholeWord->isEnabled());
-        EXPECT_EQ(editor->unescape, 0);
+        for (const int on : {1, 0}) {
+            button(dialog, CFindTextDlg::IDC_REGULAR_EXPRESSION)->click();
+            EXPECT_FALSE(wholeWord->isChecked());
+            EXPECT_EQ(wholeWord->isEnabled(), !on);
+            EXPECT_EQ(editor->unescape, on);
+        }
     }
 }
 
@@ -122,12 +119,11 @@ TEST_F(FindTest, ReplaceCountsWithinOneShowing) {
     editor->Replace();
     CEditReplaceDlg* dialog = editor->GetReplaceDialog();
     comboOf(dialog, CEditReplaceDlg::IDC_REPLACE_TEXT)->setEditText("y");
-    button(dialog, CEditReplaceDlg::IDC_REPLACE)->click();
-    EXPECT_EQ(status(dialog), "1 Item Replaced");
-    button(dialog, CEditReplaceDlg::IDC_REPLACE)->click();
-    EXPECT_EQ(status(dialog), "2 Items Replaced");
-    button(dialog, IDCANCEL)->click();
-    EXPECT_EQ(status(dialog), "");
+    for (auto [id, expected] : {std::pair{int(CEditReplaceDlg::IDC_REPLACE), "1 Item Replaced"},
+                                {int(CEditReplaceDlg::IDC_REPLACE), "2 Items Replaced"}, {int(IDCANCEL), ""}}) {
+        button(dialog, id)->click();
+        EXPECT_EQ(status(dialog), expected);
+    }
     EXPECT_FALSE(dialog->dialog()->isVisible());
     editor->Replace();
     button(dialog, CEditReplaceDlg::IDC_REPLACE)->click();
@@ -135,8 +131,7 @@ TEST_F(FindTest, ReplaceCountsWithinOneShowing) {
     EXPECT_EQ(text(), "y y y x x");
     EXPECT_EQ(editor->replaceText, "y");
 
-    // Replace All overwrites the count; the whole file is the scope without a selection.
-    select(9, 9);
+    select(9, 9);  // Replace All overwrites the count; the whole file is the scope without a selection
     button(dialog, CEditReplaceDlg::IDC_SCOPE_WHOLE_FILE)->setChecked(true);
     button(dialog, CEditReplaceDlg::IDC_REPLACE_ALL)->click();
     EXPECT_EQ(status(dialog), "2 Items Replaced");

@@ -1,54 +1,44 @@
 #pragma once
-// A host for find and replace tests: an editor window in a frame, with its find state open
-// to the test, a scratch registry and every message box recorded (and answered OK).
-#include <gtest/gtest.h>
-
-#include <memory>
+// Find and replace host: an editor with its find state open, a scratch registry, message boxes recorded.
 #include <string>
 #include <vector>
 
 #include "CMemComboBox.h"
-#include "CScintillaWnd.h"
+#include "EditorFixture.h"
 #include "MessageBox.h"
 #include "ScratchRegistry.h"
 
 class FindEditor : public CScintillaWnd {
 public:
-    using CScintillaWnd::backSlashExprCheck;
-    using CScintillaWnd::DoReplaceAll;
-    using CScintillaWnd::findInStyle;
-    using CScintillaWnd::FindInTarget;
-    using CScintillaWnd::findStyle;
-    using CScintillaWnd::findText;
-    using CScintillaWnd::haveFound;
-    using CScintillaWnd::matchCase;
-    using CScintillaWnd::regExp;
-    using CScintillaWnd::replaceText;
-    using CScintillaWnd::SearchBackward;
-    using CScintillaWnd::SearchForward;
-    using CScintillaWnd::searchFlags;
-    using CScintillaWnd::SendEditor;
-    using CScintillaWnd::UnescapeAsNeeded;
-    using CScintillaWnd::unescape;
-    using CScintillaWnd::wholeWord;
-    using CScintillaWnd::wrapSearch;
+    using CScintillaWnd::backSlashExprCheck, CScintillaWnd::DoReplaceAll, CScintillaWnd::findInStyle,
+        CScintillaWnd::FindInTarget, CScintillaWnd::findStyle, CScintillaWnd::findText, CScintillaWnd::haveFound,
+        CScintillaWnd::matchCase, CScintillaWnd::regExp, CScintillaWnd::replaceText, CScintillaWnd::SearchBackward,
+        CScintillaWnd::SearchForward, CScintillaWnd::searchFlags, CScintillaWnd::SendEditor,
+        CScintillaWnd::UnescapeAsNeeded, CScintillaWnd::unescape, CScintillaWnd::wholeWord, CScintillaWnd::wrapSearch;
 };
 
-class FindTest : public ::testing::Test {
+class FindTest : public EditorHostTest<FindEditor> {
 protected:
-    void SetUp() override;
-    void TearDown() override;
-
-    // Replaces the document (LF line ends, no undo history) and puts the caret at 0.
-    void load(const char* text);
-    long send(long message, WPARAM w = 0, LPARAM l = 0) { return editor->SendEditor(message, w, l); }
-    CString text() { return editor->GetText(); }
+    void SetUp() override {
+        CMemComboBox::groups.clear();
+        previousHook = SetMessageBoxHook([this](const char* message, const char*, UINT) {
+            return messages.emplace_back(message), IDOK;
+        });
+        EditorHostTest::SetUp();
+    }
+    void TearDown() override {
+        EditorHostTest::TearDown();
+        SetMessageBoxHook(std::move(previousHook));
+        CMemComboBox::groups.clear();
+    }
     void select(long anchor, long caret) { send(SCI_SETSEL, WPARAM(anchor), caret); }
     std::string selected() { return editor->GetSelectionText().str(); }
+    // Sets the find and replace texts and the switches that decide how the search reads them.
+    void search(const char* find, const char* replace = "", int regExp = 0, int unescape = 0) {
+        editor->findText = find, editor->replaceText = replace, editor->regExp = regExp, editor->unescape = unescape;
+    }
 
     ScratchRegistry registry;
-    std::unique_ptr<CWnd> frame;
-    std::unique_ptr<FindEditor> editor;
     std::vector<std::string> messages;  // texts of the message boxes shown
 
 private:

@@ -1,39 +1,25 @@
-// The editor's find state: decoding, searching, replacing once and everywhere, and the
-// direct family that hosts call with their own texts.
+// The editor's find state: decoding, searching, replacing once and everywhere, and the direct family.
 #include "CEditReplaceDlg.h"
 #include "CFindTextDlg.h"
 #include "FindFixture.h"
 
-namespace {
-std::string decode(FindEditor& editor, const char* raw, int* length = nullptr) {
-    SString text(raw);
-    const int n = editor.UnescapeAsNeeded(text);
-    if (length) *length = n;
-    return std::string(text.c_str(), size_t(n));
-}
-}  // namespace
-
 TEST_F(FindTest, DecodingFollowsTheUnescapeAndExpressionSwitches) {
-    editor->unescape = 0;
-    EXPECT_EQ(decode(*editor, "a\\tb"), "a\\tb");
-
-    editor->unescape = 1;
-    editor->regExp = 0;
-    EXPECT_EQ(decode(*editor, "\\a\\b\\f\\n\\r\\t\\v"), "\a\b\f\n\r\t\v");
-    EXPECT_EQ(decode(*editor, "\\x41b"), "Ab");          // two hex digits at most, then text
-    EXPECT_EQ(decode(*editor, "\\x4g"), "\x04g");
-    EXPECT_EQ(decode(*editor, "\\101\\7"), "A\a");        // octal, one to three digits
-    EXPECT_EQ(decode(*editor, "\\477"), std::string(1, char(0x3F)));  // low 8 bits of 0477
-    EXPECT_EQ(decode(*editor, "\\q\\\\"), "q\\");
-    int length = -1;
-    EXPECT_EQ(decode(*editor, "ab\\", &length), "ab");    // a trailing backslash ends the text
-    EXPECT_EQ(length, 2);
-    EXPECT_EQ(decode(*editor, "\\xZab", &length), "");     // no digit: a zero byte, nothing usable
-    EXPECT_EQ(length, 0);
-
-    editor->regExp = 1;  // only backslash 0 and two octal digits are the decoder's
-    EXPECT_EQ(decode(*editor, "\\(a\\)\\1\\t\\041"), "\\(a\\)\\1\\t!");
-    EXPECT_EQ(decode(*editor, "\\04"), "\\04");
+    const struct { int unescape, regExp; const char* raw; std::string decoded; } rows[] = {
+        {0, 0, "a\\tb", "a\\tb"}, {1, 0, "\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"},
+        {1, 0, "\\x41b", "Ab"},  // two hex digits at most, then text
+        {1, 0, "\\x4g", "\x04g"}, {1, 0, "\\101\\7", "A\a"},  // octal, one to three digits
+        {1, 0, "\\477", std::string(1, char(0x3F))},          // low 8 bits of 0477
+        {1, 0, "\\q\\\\", "q\\"}, {1, 0, "ab\\", "ab"},      // a trailing backslash ends the text
+        {1, 0, "\\xZab", ""},                                  // no digit: a zero byte, nothing usable
+        {1, 1, "\\(a\\)\\1\\t\\041", "\\(a\\)\\1\\t!"},      // expressions: only backslash 0 and two octal digits
+        {1, 1, "\\04", "\\04"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.raw);
+        editor->unescape = row.unescape, editor->regExp = row.regExp;
+        SString text(row.raw);
+        const int length = editor->UnescapeAsNeeded(text);
+        EXPECT_EQ(std::string(text.c_str(), size_t(length)), row.decoded);
+    }
 }
 
 TEST_F(FindTest, FindNextWalksBothWaysWrapsAndReportsAMiss) {
@@ -41,10 +27,8 @@ TEST_F(FindTest, FindNextWalksBothWaysWrapsAndReportsAMiss) {
     editor->findText = "two";
     EXPECT_EQ(editor->FindNext(false, true), 4);
     EXPECT_EQ(editor->haveFound, 1);
-    EXPECT_EQ(editor->FindNext(false, true), 12);
-    EXPECT_EQ(editor->FindNext(false, true), 4);  // silent wrap
-    EXPECT_EQ(editor->FindNext(true, true), 12);  // backward from the match's start wraps too
-    EXPECT_EQ(editor->FindNext(true, true), 4);
+    for (auto [backward, at] : {std::pair{false, 12}, {false, 4}, {true, 12}, {true, 4}})  // wraps both ways
+        EXPECT_EQ(editor->FindNext(backward, true), at);
     EXPECT_TRUE(messages.empty());
 
     editor->wrapSearch = 0;
@@ -57,8 +41,7 @@ TEST_F(FindTest, FindNextWalksBothWaysWrapsAndReportsAMiss) {
     EXPECT_EQ(editor->FindNext(false, false), -1);
     EXPECT_EQ(messages.size(), 1u);  // no warning asked, none shown
 
-    // A one-match document finds its match again and again.
-    load("x needle y");
+    load("x needle y");  // a one-match document finds its match again and again
     editor->wrapSearch = 1;
     editor->findText = "needle";
     for (int i = 0; i < 3; ++i) EXPECT_EQ(editor->FindNext(false, true), 2);
@@ -73,8 +56,7 @@ TEST_F(FindTest, EmptyFindTextOpensTheDialogWithTheWordAtTheCaret) {
     EXPECT_EQ(editor->findText, "alpha");
     EXPECT_EQ(editor->GetFindDialog()->findCombo.GetWindowText(), "alpha");
 
-    // A selection that starts with a line end, or nothing at the caret, keeps the text.
-    select(12, 15);
+    select(12, 15);  // a selection that starts with a line end keeps the text
     editor->Find();
     EXPECT_EQ(editor->findText, "alpha");
     select(0, 6);
@@ -85,9 +67,7 @@ TEST_F(FindTest, EmptyFindTextOpensTheDialogWithTheWordAtTheCaret) {
 
 TEST_F(FindTest, LineEndEscapesTurnAnExpressionIntoPlainDecodedText) {
     load("a\tb a\\tb");
-    editor->findText = "a\\tb";
-    editor->regExp = 1;
-    editor->unescape = 1;
+    search("a\\tb", "", 1, 1);
     EXPECT_EQ(editor->FindNext(false, true), 0);
     EXPECT_EQ(editor->regExp, 0);
     EXPECT_EQ(selected(), "a\tb");
@@ -101,8 +81,7 @@ TEST_F(FindTest, LineEndEscapesTurnAnExpressionIntoPlainDecodedText) {
 TEST_F(FindTest, PlayReplaceComparesWithoutCaseAndOtherwiseSearches) {
     load("Foo foo bar");
     editor->Replace();  // the replace buttons come from the dialog
-    editor->findText = "foo";
-    editor->replaceText = "X";
+    search("foo", "X");
     editor->matchCase = 1;
     select(0, 3);  // "Foo"
     EXPECT_TRUE(editor->PlayReplace());
@@ -116,23 +95,15 @@ TEST_F(FindTest, PlayReplaceComparesWithoutCaseAndOtherwiseSearches) {
     EXPECT_EQ(text(), "X X bar");
     EXPECT_EQ(messages.size(), 2u);  // no "foo" is left, after either button
 
-    // An expression's replacement uses the groups of its own search.
-    load("key=value");
-    editor->findText = "\\([a-z]+\\)=\\([a-z]+\\)";
-    editor->replaceText = "\\2=\\1";
-    editor->regExp = 1;
-    editor->unescape = 1;
+    load("key=value");  // an expression's replacement uses the groups of its own search
+    search("\\([a-z]+\\)=\\([a-z]+\\)", "\\2=\\1", 1, 1);
     select(0, 9);
     EXPECT_TRUE(editor->PlayReplace());
     EXPECT_EQ(text(), "value=key");
 
-    // Case is that of every letter, not of ASCII alone; a letter that is no other case of the
-    // expected one still differs.
-    editor->regExp = 0;
-    editor->unescape = 0;
+    // Case is that of every letter, not of ASCII alone; a letter that is no other case still differs.
+    search("äpfel", "X");
     editor->matchCase = 0;
-    editor->findText = "äpfel";
-    editor->replaceText = "X";
     load("ÄPFEL Öpfel äpfel");
     select(0, 6);  // "ÄPFEL"
     EXPECT_TRUE(editor->PlayReplace());
@@ -143,8 +114,7 @@ TEST_F(FindTest, PlayReplaceComparesWithoutCaseAndOtherwiseSearches) {
     EXPECT_EQ(text(), "X Öpfel äpfel");
     EXPECT_EQ(selected(), "äpfel");  // the search moved on to the match
 
-    // Bytes that are no UTF-8 character must agree exactly.
-    editor->matchCase = 1;
+    editor->matchCase = 1;  // bytes that are no UTF-8 character must agree exactly
     editor->findText = "\xfe";
     load("\xff \xfe");
     select(0, 1);
@@ -157,8 +127,7 @@ TEST_F(FindTest, PlayReplaceComparesWithoutCaseAndOtherwiseSearches) {
 
 TEST_F(FindTest, ReplaceAllIsOneUndoStepAndLeavesTheCaretAfterTheLast) {
     load("a1 a2 a3\n");
-    editor->findText = "a";
-    editor->replaceText = "bb";
+    search("a", "bb");
     select(4, 4);
     EXPECT_EQ(editor->ReplaceAll(false), 3);  // wrap: from the top
     EXPECT_EQ(text(), "bb1 bb2 bb3\n");
@@ -195,17 +164,12 @@ TEST_F(FindTest, ReplaceAllReportsEmptyTextsAndMisses) {
 
 TEST_F(FindTest, ReplaceAllOfExpressionsThatMatchEmpty) {
     load("ab\ncd\n");
-    editor->findText = "^";
-    editor->replaceText = "> ";
-    editor->regExp = 1;
+    search("^", "> ", 1);
     EXPECT_EQ(editor->ReplaceAll(false), 3);  // the empty last line counts too
     EXPECT_EQ(text(), "> ab\n> cd\n> ");
 
     load("ab\ncd");
-    editor->findText = "x*";
-    editor->replaceText = "-";
-    // After each empty match the search moves on by one character; the engine reports no
-    // empty match at a line's end, so the next one is at the start of the following line.
+    search("x*", "-", 1);  // empty matches move on by one; none at a line end, so the next line starts
     EXPECT_EQ(editor->DoReplaceAll(false), 4);
     EXPECT_EQ(text(), "-a-b\n-c-d");
 }
@@ -215,8 +179,7 @@ TEST_F(FindTest, ReplaceAllInLineAndRectangularSelections) {
     send(SCI_SETSELECTIONMODE, SC_SEL_LINES);
     select(4, 6);  // a line selection that ends at the start of line 2
     send(SCI_SETSELECTIONMODE, SC_SEL_LINES);
-    editor->findText = "a";
-    editor->replaceText = "b";
+    search("a", "b");
     const int count = editor->DoReplaceAll(true);
     EXPECT_EQ(text(), "aa\nbb\nbb\n");
     EXPECT_EQ(count, 4);
@@ -227,8 +190,7 @@ TEST_F(FindTest, ReplaceAllInLineAndRectangularSelections) {
     send(SCI_SETSELECTIONMODE, SC_SEL_RECTANGLE);
     send(SCI_SETRECTANGULARSELECTIONANCHOR, 1);
     send(SCI_SETRECTANGULARSELECTIONCARET, 9);  // columns 1 to 4 of lines 0 and 1
-    editor->findText = "ab";
-    editor->replaceText = "X";
+    search("ab", "X");
     EXPECT_EQ(editor->DoReplaceAll(true), 2);
     EXPECT_EQ(text(), "abX\nabX\nabab\n");
 }
@@ -243,9 +205,8 @@ TEST_F(FindTest, FindInStyleKeepsOnlyMatchesOfThatStyle) {
     send(SCI_SETSEARCHFLAGS, 0);
     EXPECT_EQ(editor->FindInTarget("ab", 2, 0, 8), 3);
     editor->findStyle = 6;
-    EXPECT_EQ(editor->FindInTarget("ab", 2, 0, 8), -1);
-    EXPECT_EQ(editor->FindInTarget("ab", 2, 8, 0), -1);
-    EXPECT_EQ(editor->FindInTarget(nullptr, 2, 0, 8), -1);
+    for (auto [find, from, to] : {std::tuple{"ab", 0, 8}, {"ab", 8, 0}, {nullptr, 0, 8}})
+        EXPECT_EQ(editor->FindInTarget(find, 2, from, to), -1) << from;
     editor->findInStyle = 0;
     EXPECT_EQ(editor->FindInTarget("ab", 2, 8, 0), 6);     // start above end: backward
     EXPECT_EQ(editor->FindInTarget("ab", 50, 1, 8), 3);  // the length never passes the text

@@ -43,6 +43,23 @@ protected:
         return all;
     }
 
+    // Another combo of a group on its own box, with the history taken on focus.
+    struct Other {
+        QComboBox box;
+        CMemComboBox combo;
+        Other(QWidget* host, const char* group) : box(host) {
+            box.setEditable(true);
+            EXPECT_TRUE(combo.SubclassWindow(&box));
+            combo.group = group;
+            combo.OnSetfocus();
+        }
+    };
+    static HKEY openKey() {
+        HKEY key = nullptr;
+        EXPECT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, "SOFTWARE\\Lectern", 0, KEY_ALL_ACCESS, &key), ERROR_SUCCESS);
+        return key;
+    }
+
     ScratchRegistry registry;
     std::unique_ptr<QWidget> host;
     QComboBox* box = nullptr;
@@ -78,13 +95,7 @@ TEST_F(MemComboTest, ATextWithALineEndIsListedButKeptOutOfTheHistory) {
     EXPECT_EQ(items(), "three|two\nlines|one|");
     EXPECT_EQ(CMemComboBox::groups["G"], "three\none\n");
 
-    CMemComboBox reloaded;  // what another combo of the group takes over
-    QComboBox reloadedBox(host.get());
-    reloadedBox.setEditable(true);
-    ASSERT_TRUE(reloaded.SubclassWindow(&reloadedBox));
-    reloaded.group = "G";
-    reloaded.OnSetfocus();
-    EXPECT_EQ(reloaded.GetCount(), 2);
+    EXPECT_EQ(Other(host.get(), "G").combo.GetCount(), 2);  // what another combo of the group takes over
 }
 
 TEST_F(MemComboTest, TheListKeepsSixtyFourItems) {
@@ -117,25 +128,14 @@ TEST_F(MemComboTest, TheHistoryIsTakenOnceAndOnlyWhereAGroupIsSet) {
     combo->OnSetfocus();
     EXPECT_EQ(combo->GetCount(), 3);
 
-    CMemComboBox second;
-    QComboBox secondBox(host.get());
-    secondBox.setEditable(true);
-    ASSERT_TRUE(second.SubclassWindow(&secondBox));
-    second.group = "H";
-    second.OnSetfocus();
-    EXPECT_EQ(second.GetCount(), 1);  // a stretch after the last LF is no item
-    EXPECT_EQ(second.GetWindowText(), "x");
-
-    CMemComboBox third;
-    QComboBox thirdBox(host.get());
-    thirdBox.setEditable(true);
-    ASSERT_TRUE(third.SubclassWindow(&thirdBox));
-    third.group = "missing";
-    third.OnSetfocus();
-    EXPECT_EQ(third.GetCount(), 0);
+    Other second(host.get(), "H");
+    EXPECT_EQ(second.combo.GetCount(), 1);  // a stretch after the last LF is no item
+    EXPECT_EQ(second.combo.GetWindowText(), "x");
+    Other third(host.get(), "missing");
+    EXPECT_EQ(third.combo.GetCount(), 0);
     CMemComboBox::groups["missing"] = "late\n";
-    third.OnSetfocus();  // it looked once and will not look again
-    EXPECT_EQ(third.GetCount(), 0);
+    third.combo.OnSetfocus();  // it looked once and will not look again
+    EXPECT_EQ(third.combo.GetCount(), 0);
 }
 
 TEST_F(MemComboTest, FocusLoadsTheHistoryAndLeavingKeepsWhatWasTyped) {
@@ -179,8 +179,7 @@ TEST_F(MemComboTest, HistoriesGoToTheRegistryAndTheTwoKnownOnesComeBack) {
     EXPECT_EQ(CMemComboBox::groups.size(), 2u);
     CMemComboBox::SaveSettings();
 
-    HKEY key = nullptr;
-    ASSERT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, "SOFTWARE\\Lectern", 0, KEY_ALL_ACCESS, &key), ERROR_SUCCESS);
+    HKEY key = openKey();
     DWORD type = 0, size = 0;
     ASSERT_EQ(RegQueryValueEx(key, "Other", nullptr, &type, nullptr, &size), ERROR_SUCCESS);
     EXPECT_EQ(type, REG_SZ);
@@ -195,8 +194,7 @@ TEST_F(MemComboTest, HistoriesGoToTheRegistryAndTheTwoKnownOnesComeBack) {
     EXPECT_EQ(CMemComboBox::groups["FindText"], "f1\nf2\n");
     EXPECT_EQ(CMemComboBox::groups["ReplaceText"], "r1\n");  // up to the first zero byte
 
-    // A value of another type is passed over and leaves the group as it stands.
-    ASSERT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, "SOFTWARE\\Lectern", 0, KEY_ALL_ACCESS, &key), ERROR_SUCCESS);
+    key = openKey();  // a value of another type is passed over and leaves the group as it stands
     const DWORD number = 7;
     RegSetValueEx(key, "FindText", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number);
     RegCloseKey(key);

@@ -1,5 +1,4 @@
-// The window accessor: where its read-ahead buffer lands, reads past the ends, batched style
-// writes, the indentation of a line as a fold level, and the word grab built on it.
+// The window accessor: read-ahead buffer, reads past the ends, batched styles, indentation, word grab.
 #include "IndentFixture.h"
 #include "PropSet.h"
 #include "WindowAccessor.h"
@@ -30,12 +29,11 @@ TEST_F(AccessorTest, TheBufferLandsRoundThePositionAndIsPulledBackAtTheEnd) {
     ProbeAccessor acc(editor.get(), props);
     EXPECT_EQ(acc[0], '0');
     EXPECT_EQ(acc.bufferStart(), 0);
-    EXPECT_EQ(acc[5001], '1');
-    EXPECT_EQ(acc.bufferStart(), 4501);
-    EXPECT_EQ(acc.bufferEnd(), 8501);
-    EXPECT_EQ(acc[9000], '0');
-    EXPECT_EQ(acc.bufferStart(), 6000);
-    EXPECT_EQ(acc.bufferEnd(), 10000);
+    for (auto [at, ch, start, end] : {std::tuple{5001, '1', 4501, 8501}, {9000, '0', 6000, 10000}}) {
+        EXPECT_EQ(acc[at], ch);
+        EXPECT_EQ(acc.bufferStart(), start) << at;
+        EXPECT_EQ(acc.bufferEnd(), end) << at;
+    }
     for (int p = 0; p < 10000; p += 997) ASSERT_EQ(acc[p], text[size_t(p)]) << p;
 
     load("select 1");

@@ -1,14 +1,8 @@
-// Automatic indentation in the application window, with the shipped property file: the SQL
-// lexer's keywords are the block words, and typed characters arrive through the window's own
-// notification handling.
-#include <gtest/gtest.h>
-
-#include <QApplication>
+// Automatic indentation in the application window with the shipped property file and SQL keywords.
 #include <QTest>
 
-#include <memory>
-
 #include "CKTScinWnd.h"
+#include "EditorFixture.h"
 #include "ScratchRegistry.h"
 
 namespace {
@@ -18,38 +12,23 @@ public:
 };
 }  // namespace
 
-class AppIndentTest : public ::testing::Test {
+class AppIndentTest : public EditorHostTest<AppWindow> {
 protected:
     void SetUp() override {
-        frame = std::make_unique<CWnd>();
-        ASSERT_TRUE(frame->CreateEx(0, "QuillboxFrame", "frame", WS_VISIBLE, RECT{0, 0, 640, 480}, nullptr, 0));
-        window = std::make_unique<AppWindow>();
-        ASSERT_EQ(window->Create("sql", WS_CHILD | WS_VISIBLE, RECT{0, 0, 600, 400}, frame.get(), 7), 1);
-        frame->GetSafeHwnd()->activateWindow();
-        window->GetSafeHwnd()->setFocus();
-        QApplication::processEvents();
+        EditorHostTest::SetUp();
+        focusEditor();
     }
-    void type(const char* text) { QTest::keyClicks(window->GetSafeHwnd(), QString::fromUtf8(text)); }
-    void enter() { QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return); }
-    std::string text() { return window->GetText().c_str(); }
-
     ScratchRegistry registry;
-    std::unique_ptr<CWnd> frame;
-    std::unique_ptr<AppWindow> window;
 };
 
 TEST_F(AppIndentTest, NewLinesKeepTheIndentationAndAnEndWordMovesOut) {
-    type("begin");
-    enter();
-    EXPECT_EQ(text(), "begin\r\n");
-    type("    x := 1;");
-    enter();
-    EXPECT_EQ(text(), "begin\r\n    x := 1;\r\n    ");
-    type("end;");
-    enter();
-    EXPECT_EQ(text(), "begin\r\n    x := 1;\r\nend;\r\n");
-    // "end" inside a comment is no block word.
-    type("    y; -- end");
-    enter();
-    EXPECT_EQ(text(), "begin\r\n    x := 1;\r\nend;\r\n    y; -- end\r\n    ");
+    const std::pair<const char*, const char*> lines[] = {
+        {"begin", "begin\r\n"}, {"    x := 1;", "begin\r\n    x := 1;\r\n    "},
+        {"end;", "begin\r\n    x := 1;\r\nend;\r\n"},
+        {"    y; -- end", "begin\r\n    x := 1;\r\nend;\r\n    y; -- end\r\n    "}};  // a comment's "end" is no block word
+    for (const auto& [typed, expected] : lines) {
+        QTest::keyClicks(editor->GetSafeHwnd(), QString::fromUtf8(typed));
+        QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_Return);
+        EXPECT_EQ(text(), expected) << typed;
+    }
 }

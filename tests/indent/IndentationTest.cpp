@@ -1,5 +1,4 @@
-// Automatic indentation: typed line ends and block characters change the indentation of the
-// caret's line, from styles and configured words; nothing happens while it is switched off.
+// Automatic indentation from typed line ends and block characters, styles and configured words.
 #include "IndentFixture.h"
 
 namespace {
@@ -18,16 +17,11 @@ protected:
 
 TEST_F(AutoIndentTest, NothingChangesWhenSwitchedOffOrWithASelectionOrAtTheStart) {
     editor->props.Set("indent.automatic", "0");
-    load("    select");
-    enter();
-    EXPECT_EQ(text(), "    select\n");
-    editor->props.Set("indent.automatic", "1");
-    send(SCI_SETSEL, 4, 11);  // a selection after the character
-    editor->CharAdded('\n');
-    EXPECT_EQ(text(), "    select\n");
-    load("", 0);
-    editor->CharAdded('\n');  // the caret at position 0
-    EXPECT_EQ(text(), "");
+    expectSteps({{[&] { load("    select"), enter(); }, "    select\n"},
+                 {[&] {  // switched on, with a selection after the character
+                      editor->props.Set("indent.automatic", "1"), send(SCI_SETSEL, 4, 11), editor->CharAdded('\n');
+                  }, "    select\n"},
+                 {[&] { load("", 0), editor->CharAdded('\n'); }, ""}});  // the caret at position 0
 }
 
 TEST_F(AutoIndentTest, EnterBehindAnEndWordMovesItsLineOut) {
@@ -37,15 +31,13 @@ TEST_F(AutoIndentTest, EnterBehindAnEndWordMovesItsLineOut) {
     EXPECT_EQ(text(), "begin\n    x := 1;\nend\n");
     EXPECT_EQ(caret(), long(text().size()));
 
-    // The same word in another style (a comment, a string), or in another case, is no end word.
     for (const char* variant : {"end", "End"}) {
-        load((std::string("begin\n    x := 1;\n    ") + variant).c_str());
+        load((std::string("begin\n    x := 1;\n    ") + variant).c_str());  // another style or case: no end word
         style(22, 25, variant[0] == 'e' ? 1 : kKeyword);
         enter();
         EXPECT_EQ(text(), std::string("begin\n    x := 1;\n    ") + variant + "\n    ");
     }
-    // Two keywords that touch are one run, which matches no single entry.
-    load("    x;\n    end;end");
+    load("    x;\n    end;end");  // two touching keywords are one run, matching no single entry
     style(11, 18, kKeyword);
     EXPECT_EQ(editor->GetIndentState(1), IndentNone);
     style(14, 15, 10);
@@ -68,19 +60,13 @@ TEST_F(AutoIndentTest, SingleCharacterBlocksMoveTheClosingCharacterOut) {
     editor->blockEnd = StyleAndWords{10, "}"};
     load("if (x) {");
     style(7, 8, 10);
-    enter();
-    type("y;");
-    enter();
-    EXPECT_EQ(text(), "if (x) {\n    y;\n    ");
-    type("}");
-    EXPECT_EQ(text(), "if (x) {\n    y;\n}");
+    expectSteps({{[&] { enter(), type("y;"), enter(); }, "if (x) {\n    y;\n    "}, {[&] { type("}"); }, "if (x) {\n    y;\n}"}});
     EXPECT_EQ(caret(), long(text().size()));
     load("if (x) {\n    y; ");  // not first on its line: left alone
     style(7, 8, 10);
     type("}");
     EXPECT_EQ(text(), "if (x) {\n    y; }");
-    // A marker matches any run that holds it.
-    load("x }; y");
+    load("x }; y");  // a marker matches any run that holds it
     style(2, 4, 10);
     EXPECT_EQ(editor->GetIndentState(0), IndentBlockEnd);
 }
@@ -117,13 +103,12 @@ TEST_F(IndentTest, StyleAndWordsComeFromTheSqlPatternKey) {
     editor->props.Set("block.end.$(file.patterns.sql)", "5 end END");
     editor->props.Set("block.start", "10");
     editor->props.Set("statement.indent*.pls", "7 if");
-    StyleAndWords sw = editor->GetStyleAndWords("block.end");
-    EXPECT_EQ(sw.style, 5);
-    EXPECT_EQ(sw.words, "end END");
-    sw = editor->GetStyleAndWords("block.start");
-    EXPECT_EQ(sw.style, 10);
-    EXPECT_EQ(sw.words.length(), 0u);
-    EXPECT_EQ(editor->GetStyleAndWords("statement.indent").words.length(), 0u);  // not for SQL
+    for (auto [key, style, words] : {std::tuple{"block.end", 5, "end END"}, {"block.start", 10, ""},
+                                     {"statement.indent", 0, ""}}) {  // statement.indent: not for SQL
+        const StyleAndWords sw = editor->GetStyleAndWords(key);
+        if (style) { EXPECT_EQ(sw.style, style) << key; }
+        EXPECT_EQ(std::string(sw.words.length() ? sw.words.c_str() : ""), words) << key;
+    }
     editor->props.Set("statement.indent*.sql", "7 if else");
     EXPECT_EQ(editor->GetStyleAndWords("statement.indent").words, "if else");
 }
@@ -144,19 +129,16 @@ TEST_F(IndentTest, SettingAnIndentationKeepsTheSelectionOnItsText) {
     load("    abc\n", 0);
     send(SCI_SETSEL, 5, 7);  // "bc"
     editor->SetLineIndentation(0, 8, false);
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 9);
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 11);
+    expectSelection(9, 11);
     send(SCI_SETSEL, 2, 10);  // an end in the removed white space goes to the text's start
     editor->SetLineIndentation(0, 2, false);
     EXPECT_EQ(text(), "  abc\n");
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 2);
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 4);
+    expectSelection(2, 4);
     editor->SetLineIndentation(0, -1, false);
     editor->SetLineIndentation(5, 4, false);
     EXPECT_EQ(text(), "  abc\n");
 
-    // The Tab commands: a caret keeps its place in the text, but never leaves its line.
-    load("    abc\nxyz", 1);
+    load("    abc\nxyz", 1);  // Tab commands: the caret keeps its place in the text, never leaving its line
     editor->SetLineIndentationForFileEditor(0, 8);
     EXPECT_EQ(caret(), 5);
     editor->SetLineIndentationForFileEditor(0, 0);

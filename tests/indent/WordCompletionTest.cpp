@@ -1,14 +1,11 @@
-// Word completion offers the document's own words that begin like the word before the caret;
-// brace matching jumps between the two braces of a pair.
+// Word completion from the document's own words; brace matching between the two braces of a pair.
 #include "IndentFixture.h"
 
 class WordCompletionTest : public IndentTest {
 protected:
     void SetUp() override {
         IndentTest::SetUp();
-        frame->GetSafeHwnd()->activateWindow();
-        editor->GetSafeHwnd()->setFocus();
-        QApplication::processEvents();
+        focusEditor();
     }
     // The items of the list that shows, in the engine's order.
     std::vector<std::string> items() {
@@ -40,14 +37,11 @@ TEST_F(WordCompletionTest, TheDocumentsWordsAreOfferedInOrderOfFirstOccurrence) 
 }
 
 TEST_F(WordCompletionTest, NoListWithoutARootOrWithoutOtherWords) {
-    load("selection\n", -1);
-    EXPECT_FALSE(editor->StartAutoCompleteWord(0));  // the caret at a line's start
-    load("abc sel", -1);
-    EXPECT_FALSE(editor->StartAutoCompleteWord(0));  // the one occurrence is the root itself
-    load("sel sel", -1);
-    EXPECT_FALSE(editor->StartAutoCompleteWord(0));  // a word equal to the root is no candidate
-    load("sel ", -1);
-    EXPECT_FALSE(editor->StartAutoCompleteWord(0));  // behind a blank there is no root
+    // The caret at a line's start; the root's only occurrence; a word equal to the root; behind a blank.
+    for (const char* content : {"selection\n", "abc sel", "sel sel", "sel "}) {
+        load(content, -1);
+        EXPECT_FALSE(editor->StartAutoCompleteWord(0)) << content;
+    }
     EXPECT_EQ(send(SCI_AUTOCACTIVE), 0);
 }
 
@@ -70,15 +64,14 @@ TEST_F(WordCompletionTest, ALineIsReadWithItsLineEnd) {
 class BraceTest : public IndentTest {};
 
 TEST_F(BraceTest, JumpingTwiceComesBackAndSelectingSpansThePair) {
-    load("a(bc)d", 2);  // behind the opening brace
-    editor->GoMatchingBrace(false);
-    EXPECT_EQ(caret(), 4);  // in front of the closing one
-    editor->GoMatchingBrace(false);
-    EXPECT_EQ(caret(), 2);
+    load("a(bc)d", 2);  // behind the opening brace, to in front of the closing one, and back
+    for (long expected : {4, 2}) {
+        editor->GoMatchingBrace(false);
+        EXPECT_EQ(caret(), expected);
+    }
     send(SCI_SETSEL, 5, 5);  // behind the closing brace: outside
     editor->GoMatchingBrace(true);
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 1);
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 5);
+    expectSelection(1, 5);
     EXPECT_EQ(caret(), 1);  // the caret ends at the partner's side
 }
 
@@ -88,8 +81,7 @@ TEST_F(BraceTest, NoBraceOrNoPartnerLeavesTheSelectionAlone) {
     EXPECT_EQ(caret(), 1);
     send(SCI_SETSEL, 3, 3);  // behind an opening brace without a partner
     editor->GoMatchingBrace(true);
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 3);
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 3);
+    expectSelection(3, 3);
     send(SCI_SETSEL, 2, 2);  // in front of it
     editor->GoMatchingBrace(false);
     EXPECT_EQ(caret(), 2);

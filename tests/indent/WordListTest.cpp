@@ -1,5 +1,4 @@
-// Word lists: splitting, exact and abbreviated membership with the "^" prefix rule, and the
-// prefix lookups of completion.
+// Word lists: splitting, exact and abbreviated membership with the "^" prefix rule, and prefix lookups.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -41,24 +40,15 @@ TEST(WordList, SplittingKeepsEveryWordAndALookupSorts) {
 TEST(WordList, MembershipIsExactExceptForPrefixWordsAndAbbreviations) {
     WordList wl;
     wl.Set("sel \xea\xb0\x80 ^ab ^SYS x def~ine e~nd");
-    EXPECT_TRUE(wl.InList("sel"));
-    EXPECT_FALSE(wl.InList("sele"));
-    EXPECT_FALSE(wl.InList("Sel"));
-    EXPECT_TRUE(wl.InList("\xea\xb0\x80"));  // a word beginning above 0x7F
-    EXPECT_TRUE(wl.InList("ab"));
-    EXPECT_TRUE(wl.InList("SYSDATE"));
-    EXPECT_FALSE(wl.InList("a"));
-    EXPECT_FALSE(wl.InList(""));
-    EXPECT_FALSE(wl.InList("xy"));
-
-    EXPECT_FALSE(wl.InListAbbreviated("de", '~'));
-    EXPECT_TRUE(wl.InListAbbreviated("def", '~'));
-    EXPECT_TRUE(wl.InListAbbreviated("define", '~'));
-    EXPECT_FALSE(wl.InListAbbreviated("defx", '~'));
-    EXPECT_FALSE(wl.InListAbbreviated("defines", '~'));
-    EXPECT_TRUE(wl.InListAbbreviated("e", '~'));  // the marker right behind the first byte
-    EXPECT_TRUE(wl.InListAbbreviated("abc", '~'));
-    EXPECT_FALSE(wl.InListAbbreviated("def", '\0'));  // a NUL marker marks nothing
+    // "\xea\xb0\x80" is a word beginning above 0x7F.
+    for (auto [word, in] : {std::pair{"sel", true}, {"sele", false}, {"Sel", false}, {"\xea\xb0\x80", true},
+                            {"ab", true}, {"SYSDATE", true}, {"a", false}, {"", false}, {"xy", false}})
+        EXPECT_EQ(wl.InList(word), in) << word;
+    // "e": the marker right behind the first byte; a NUL marker marks nothing.
+    for (auto [word, marker, in] : {std::tuple{"de", '~', false}, {"def", '~', true}, {"define", '~', true},
+                                    {"defx", '~', false}, {"defines", '~', false}, {"e", '~', true},
+                                    {"abc", '~', true}, {"def", '\0', false}})
+        EXPECT_EQ(wl.InListAbbreviated(word, marker), in) << word;
 
     WordList all;
     all.Set("^ y");

@@ -7,6 +7,7 @@
 #include <climits>
 
 #include "CDC.h"
+#include "PrintRecorder.h"
 
 namespace {
 // The rows of `image` in [y0, y1) that hold `colour` somewhere.
@@ -22,13 +23,9 @@ int rowsWith(const QImage& image, int y0, int y1, QRgb colour) {
 }  // namespace
 
 TEST(MulDivTest, RoundsHalfAwayFromZeroAndRefusesWhatDoesNotFit) {
-    EXPECT_EQ(MulDiv(9, 96, 72), 12);
-    EXPECT_EQ(MulDiv(10, 3, 4), 8);
-    EXPECT_EQ(MulDiv(-10, 3, 4), -8);
-    EXPECT_EQ(MulDiv(10, 3, -4), -8);
-    EXPECT_EQ(MulDiv(1, 1, 0), -1);
-    EXPECT_EQ(MulDiv(INT_MAX, 2, 1), -1);
-    EXPECT_EQ(MulDiv(INT_MAX, INT_MAX, INT_MAX), INT_MAX);
+    const int rows[][4] = {{9, 96, 72, 12}, {10, 3, 4, 8}, {-10, 3, 4, -8}, {10, 3, -4, -8}, {1, 1, 0, -1},
+                           {INT_MAX, 2, 1, -1}, {INT_MAX, INT_MAX, INT_MAX, INT_MAX}};
+    for (const auto& r : rows) EXPECT_EQ(MulDiv(r[0], r[1], r[2]), r[3]) << r[0] << " " << r[1] << " " << r[2];
 }
 
 TEST(CDCTest, ImageSheetMeasuresWholeAndDrawsAlignedTextBoxesAndLines) {
@@ -37,10 +34,8 @@ TEST(CDCTest, ImageSheetMeasuresWholeAndDrawsAlignedTextBoxesAndLines) {
     image.setDotsPerMeterY(3780);   // 96 dots per inch
     CDC dc;
     ASSERT_TRUE(dc.Attach(&image));
-    EXPECT_EQ(dc.GetDeviceCaps(PHYSICALWIDTH), 300);
-    EXPECT_EQ(dc.GetDeviceCaps(VERTRES), 200);
-    EXPECT_EQ(dc.GetDeviceCaps(PHYSICALOFFSETY), 0);
-    EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSY), 96);
+    for (auto [cap, value] : {std::pair{PHYSICALWIDTH, 300}, {VERTRES, 200}, {PHYSICALOFFSETY, 0}, {LOGPIXELSY, 96}})
+        EXPECT_EQ(dc.GetDeviceCaps(cap), value) << cap;
     ASSERT_GT(dc.StartDoc("doc"), 0);
     EXPECT_LE(dc.StartDoc("again"), 0);   // one document at a time
     ASSERT_GT(dc.StartPage(), 0);
@@ -80,11 +75,8 @@ TEST(CDCTest, EmptyDeletedOrUnwritableContextsRefuseQuietly) {
     ASSERT_TRUE(deleted.Attach(&image));
     EXPECT_TRUE(deleted.DeleteDC());
     EXPECT_FALSE(deleted.DeleteDC());
-    auto printer = std::make_unique<QPrinter>();
-    printer->setOutputFormat(QPrinter::PdfFormat);
-    printer->setOutputFileName("/nonexistent-folder/quillbox/out.pdf");
     CDC unwritable;
-    ASSERT_TRUE(unwritable.Attach(std::move(printer)));
+    ASSERT_TRUE(unwritable.Attach(unwritablePrinter("out.pdf")));
     EXPECT_LE(unwritable.StartDoc("Temp"), 0);
     for (CDC* dc : {&empty, &deleted, &unwritable}) {
         EXPECT_EQ(dc->GetSafeHdc(), nullptr);

@@ -1,10 +1,9 @@
 #pragma once
-// A paint device for print tests that records what is drawn on it, page by page: texts with
-// their font, colour and baseline, filled rectangles and lines. RecordingDC counts documents
-// and pages on it.
+// A paint device recording texts, fills and lines page by page; RecordingDC counts documents and pages.
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPaintEngineState>
+#include <QPrinter>
 #include <QTextItem>
 #include <memory>
 #include <vector>
@@ -37,6 +36,14 @@ struct PrintRecord {
     }
 };
 
+// A PDF printer whose file cannot be written.
+inline std::unique_ptr<QPrinter> unwritablePrinter(const char* name) {
+    auto printer = std::make_unique<QPrinter>();
+    printer->setOutputFormat(QPrinter::PdfFormat);
+    printer->setOutputFileName(QString("/nonexistent-folder/quillbox/") + name);
+    return printer;
+}
+
 class RecordingEngine : public QPaintEngine {
 public:
     explicit RecordingEngine(PrintRecord& record) : QPaintEngine(AllFeatures), r_(record) {}
@@ -51,18 +58,11 @@ public:
     void drawTextItem(const QPointF& p, const QTextItem& item) override {
         r_.texts.push_back({r_.page, item.text(), p, font_, pen_.color()});
     }
-    void drawRects(const QRectF* rects, int n) override {
-        for (int i = 0; i < n; ++i) r_.fills.push_back({r_.page, rects[i], brush_.color()});
-    }
-    void drawRects(const QRect* rects, int n) override {
-        for (int i = 0; i < n; ++i) r_.fills.push_back({r_.page, QRectF(rects[i]), brush_.color()});
-    }
-    void drawLines(const QLineF* lines, int n) override {
-        for (int i = 0; i < n; ++i) r_.lines.push_back({r_.page, lines[i], pen_.color()});
-    }
-    void drawLines(const QLine* lines, int n) override {
-        for (int i = 0; i < n; ++i) r_.lines.push_back({r_.page, QLineF(lines[i]), pen_.color()});
-    }
+    void drawRects(const QRectF* rects, int n) override { for (int i = 0; i < n; ++i) fill(rects[i]); }
+    void drawRects(const QRect* rects, int n) override { for (int i = 0; i < n; ++i) fill(rects[i]); }
+    void drawLines(const QLineF* lines, int n) override { for (int i = 0; i < n; ++i) line(lines[i]); }
+    void drawLines(const QLine* lines, int n) override { for (int i = 0; i < n; ++i) line(lines[i]); }
+    // Everything else is drawn nowhere (and not passed on to the lines and rectangles above).
     void drawPath(const QPainterPath&) override {}
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
     void drawPolygon(const QPoint*, int, PolygonDrawMode) override {}
@@ -75,6 +75,8 @@ public:
     void drawTiledPixmap(const QRectF&, const QPixmap&, const QPointF&) override {}
 
 private:
+    void fill(const QRectF& rect) { r_.fills.push_back({r_.page, rect, brush_.color()}); }
+    void line(const QLineF& line) { r_.lines.push_back({r_.page, line, pen_.color()}); }
     PrintRecord& r_;
     QFont font_;
     QPen pen_;

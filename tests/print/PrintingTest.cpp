@@ -1,17 +1,13 @@
-// The editor's print passes: page layout, header and footer, selection, page range, the
-// dialog and the default printer, single pages.
-#include <gtest/gtest.h>
-
+// The editor's print passes: layout, header and footer, selection, page range, dialog, single pages.
 #include <QFile>
 #include <QFontMetrics>
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include "CScintillaWnd.h"
+#include "EditorFixture.h"
 #include "MessageBox.h"
 #include "PrintRecorder.h"
-#include "QuillEngine.h"
 
 namespace {
 
@@ -19,8 +15,7 @@ constexpr int kWidth = 600, kHeight = 400, kDpi = 96;
 
 class PrintEditor : public CScintillaWnd {
 public:
-    using CScintillaWnd::props;
-    using CScintillaWnd::SendEditor;
+    using CScintillaWnd::props, CScintillaWnd::SendEditor;
     const DEVMODE* savedMode() const { return printDevMode.get(); }
 };
 
@@ -41,33 +36,33 @@ std::string numberedLines(int count) {
     return text;
 }
 
-class PrintTest : public ::testing::Test {
+class PrintTest : public EditorHostTest<PrintEditor> {
 protected:
     void SetUp() override {
-        frame = std::make_unique<CWnd>();
-        ASSERT_TRUE(frame->CreateEx(0, "QuillboxFrame", "frame", WS_VISIBLE, RECT{0, 0, 640, 480}, nullptr, 0));
-        editor = std::make_unique<PrintEditor>();
-        ASSERT_EQ(editor->Create("editor", WS_CHILD | WS_VISIBLE, RECT{0, 0, 600, 400}, frame.get(), 42), 1);
+        EditorHostTest::SetUp();
         // Each test names the templates it wants, whatever the property file holds.
         for (const char* key : {"print.header.format", "print.footer.format", "print.header.style", "print.footer.style"})
             editor->props.Set(key, "");
         previousMessageHook = SetMessageBoxHook([this](const char* text, const char*, UINT) {
-            messages.emplace_back(text);
-            return IDOK;
+            return messages.emplace_back(text), IDOK;
         });
         previousDialogHook = SetPrintDialogHook({});
     }
     void TearDown() override {
         SetMessageBoxHook(previousMessageHook);
         SetPrintDialogHook(previousDialogHook);
-        editor.reset();
-        frame.reset();
+        EditorHostTest::TearDown();
     }
     void load(const std::string& text) {
         editor->SendEditor(SCI_CLEARALL);
         editor->SendEditor(SCI_APPENDTEXT, text.size(), reinterpret_cast<LPARAM>(text.c_str()));
     }
     void setProp(const char* key, const char* value) { editor->props.Set(key, value); }
+    struct Sheet {  // a recording device of the test size with a context on it
+        PrintRecord record;
+        RecordingDevice device{record, kWidth, kHeight, kDpi};
+        RecordingDC dc{record, device};
+    };
     // Print(true) with a dialog answer that draws on a recording device.
     void printRecorded(PrintRecord& record, std::function<void(PRINTDLG&)> choose = {}) {
         RecordingDevice device(record, kWidth, kHeight, kDpi);
@@ -80,8 +75,6 @@ protected:
         SetPrintDialogHook({});
     }
 
-    std::unique_ptr<CWnd> frame;
-    std::unique_ptr<PrintEditor> editor;
     std::vector<std::string> messages;
     MessageBoxHook previousMessageHook;
     PrintDialogHook previousDialogHook;
@@ -92,9 +85,8 @@ protected:
 TEST_F(PrintTest, EmptyDocumentStartsAndEndsADocumentButPrintsNoPage) {
     setProp("print.header.format", "H $(CurrentPage)");
     setProp("print.footer.format", "F $(CurrentPage)");
-    PrintRecord record;
-    RecordingDevice device(record, kWidth, kHeight, kDpi);
-    RecordingDC dc(record, device);
+    Sheet sheet;
+    auto& [record, device, dc] = sheet;
     EXPECT_EQ(editor->PrintPreview(&dc, nullptr), 0);
     EXPECT_EQ(record.documents, std::vector<QString>{"Temp"});
     EXPECT_EQ(record.documentsEnded, 1);
@@ -112,9 +104,8 @@ TEST_F(PrintTest, EveryPageGetsItsHeaderBodyAndFooterWithoutLosingALine) {
     setProp("print.footer.style", "italics,fore:#0000FF");
     const std::string text = numberedLines(60);
     load(text);
-    PrintRecord record;
-    RecordingDevice device(record, kWidth, kHeight, kDpi);
-    RecordingDC dc(record, device);
+    Sheet sheet;
+    auto& [record, device, dc] = sheet;
     editor->PrintPreview(&dc, nullptr);
     ASSERT_GE(record.page, 2);
     EXPECT_EQ(record.pagesEnded, record.page);
@@ -130,8 +121,7 @@ TEST_F(PrintTest, EveryPageGetsItsHeaderBodyAndFooterWithoutLosingALine) {
     EXPECT_EQ(footer->font.families().value(0), QString("Arial"));
     EXPECT_TRUE(footer->font.italic());
 
-    // The header's box spans the sheet above the text frame; each rule lies between its
-    // line and the body.
+    // The header's box spans the sheet above the text frame; each rule lies between its line and the body.
     const int hh = lineHeight(header->font, device), fh = lineHeight(footer->font, device);
     const int top = hh + hh / 2, bottom = kHeight - fh - fh / 2;
     bool box = false, headerRule = false, footerRule = false;
@@ -154,9 +144,8 @@ TEST_F(PrintTest, EveryPageGetsItsHeaderBodyAndFooterWithoutLosingALine) {
 TEST_F(PrintTest, HeaderWithoutStyleIsNinePointArialInBlackOnBlack) {
     setProp("print.header.format", "X$(CurrentPage)");
     load("select 1 from dual\n");
-    PrintRecord record;
-    RecordingDevice device(record, kWidth, kHeight, kDpi);
-    RecordingDC dc(record, device);
+    Sheet sheet;
+    auto& [record, device, dc] = sheet;
     editor->PrintPreview(&dc, nullptr);
     const PrintRecord::Text* header = record.find("X1");
     ASSERT_NE(header, nullptr);
@@ -177,11 +166,10 @@ TEST_F(PrintTest, SelectionIsPrintedWhenThereIsOneOrTheDialogKeepsIt) {
     editor->SendEditor(SCI_SETSEL, end, start);   // the caret before the anchor
     // The engine lays out whole lines: those of the selection's ends and between.
     const QString selected("line005line006line007");
-    PrintRecord preview, kept, dropped;
-    RecordingDevice device(preview, kWidth, kHeight, kDpi);
-    RecordingDC dc(preview, device);
-    editor->PrintPreview(&dc, nullptr);
-    EXPECT_EQ(preview.textOf(1), selected);
+    Sheet preview;
+    PrintRecord kept, dropped;
+    editor->PrintPreview(&preview.dc, nullptr);
+    EXPECT_EQ(preview.record.textOf(1), selected);
     printRecorded(kept, [](PRINTDLG& pd) { EXPECT_EQ(pd.Flags & (PD_SELECTION | PD_NOSELECTION), PD_SELECTION); });
     EXPECT_EQ(kept.textOf(1), selected);
     printRecorded(dropped, [](PRINTDLG& pd) { pd.Flags &= ~PD_SELECTION; });
@@ -258,11 +246,8 @@ TEST_F(PrintTest, DocumentThatCannotStartShowsTheMessage) {
     editor->Print(true);
     EXPECT_EQ(messages, std::vector<std::string>{"Can not start printer document."});
     // A preview goes on after the message, with nothing to draw on.
-    auto printer = std::make_unique<QPrinter>();
-    printer->setOutputFormat(QPrinter::PdfFormat);
-    printer->setOutputFileName("/nonexistent-folder/quillbox/preview.pdf");
     CDC dc;
-    ASSERT_TRUE(dc.Attach(std::move(printer)));
+    ASSERT_TRUE(dc.Attach(unwritablePrinter("preview.pdf")));
     EXPECT_EQ(editor->PrintPreview(&dc, nullptr), 0);
     EXPECT_EQ(messages.size(), 2u);
     EXPECT_EQ(editor->GetText(), CString(text));
@@ -273,9 +258,8 @@ TEST_F(PrintTest, PrintPageFormatsOneRangeInTheCallersRectangle) {
     const std::string text = numberedLines(40);
     const long length = long(text.size());
     load(text);
-    PrintRecord record;
-    RecordingDevice device(record, kWidth, kHeight, kDpi);
-    RecordingDC dc(record, device);
+    Sheet sheet;
+    auto& [record, device, dc] = sheet;
     ASSERT_TRUE(dc.StartDoc("pages") > 0 && dc.StartPage() > 0);
     const CRect rect(20, 30, 320, 130);
     long next = 0;

@@ -1,5 +1,4 @@
-// PropSetFile and FilePath: logical lines, "if" scopes, imports with their overrides and
-// cycles, lower-cased keys, the byte limit, the byte order mark, and odd bytes.
+// PropSetFile and FilePath: logical lines, "if" scopes, imports, lower-cased keys, byte limits.
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -15,17 +14,28 @@ namespace {
 
 std::string text(const SString& s) { return std::string(s.c_str(), s.length()); }
 
+void expectValues(const PropSet& props, std::initializer_list<std::pair<const char*, std::string>> rows) {
+    for (const auto& [key, expected] : rows)
+        EXPECT_EQ(expected, text(props.Get(key))) << key;
+}
+
+void read(PropSetFile& props, const std::string& bytes) {
+    props.ReadFromMemory(bytes.data(), int(bytes.size()));
+}
+
 class PropFiles : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(dir.isValid()); }
 
     // Writes name.properties into the scratch folder and returns its path.
     FilePath Write(const std::string& name, const std::string& bytes) {
-        const QString path = dir.filePath(QString::fromStdString(name) + ".properties");
-        QFile file(path);
+        QFile file(dir.filePath(QString::fromStdString(name) + ".properties"));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes.data(), qint64(bytes.size()));
-        return FilePath(path.toUtf8().constData());
+        return Path(name + ".properties");
+    }
+    FilePath Path(const std::string& name) const {
+        return FilePath(dir.filePath(QString::fromStdString(name)).toUtf8().constData());
     }
     FilePath Dir() const { return FilePath(dir.path().toUtf8().constData()); }
     std::string Name(const FilePath& path) const {
@@ -35,10 +45,6 @@ protected:
     QTemporaryDir dir;
     PropSetFile props;
 };
-
-void read(PropSetFile& props, const std::string& bytes) {
-    props.ReadFromMemory(bytes.data(), int(bytes.size()));
-}
 
 }   // namespace
 
@@ -50,87 +56,53 @@ TEST(PropSetFileLines, LineEndsAndContinuationsBuildLogicalLines) {
                 "path=C:\\dir\\x\n"
                 "lfcr=4\n\rafter=5\n"
                 "last=\\");
-    EXPECT_EQ("1", text(props.Get("cr")));
-    EXPECT_EQ("2", text(props.Get("lf")));
-    EXPECT_EQ("3", text(props.Get("crlf")));
-    EXPECT_EQ("1  2", text(props.Get("joined")));
-    EXPECT_EQ("a b", text(props.Get("crlfjoin")));   // blank lines after the join vanish
-    EXPECT_EQ("C:\\dir\\x", text(props.Get("path")));
-    EXPECT_EQ("4", text(props.Get("lfcr")));
-    EXPECT_EQ("5", text(props.Get("after")));
-    EXPECT_EQ("\\", text(props.Get("last")));      // the data's last line needs no end
+    // Blank lines after a join vanish; the data's last line needs no end.
+    expectValues(props, {{"cr", "1"}, {"lf", "2"}, {"crlf", "3"}, {"joined", "1  2"}, {"crlfjoin", "a b"},
+                         {"path", "C:\\dir\\x"}, {"lfcr", "4"}, {"after", "5"}, {"last", "\\"}});
 
-    PropSetFile odd;
+    PropSetFile odd;   // a NUL ends its line's text
     read(odd, std::string("nul=1\0hidden=2\nb\xFF=\xFE\x01\n\n", 20));
-    EXPECT_EQ("1", text(odd.Get("nul")));           // a NUL ends its line's text
-    EXPECT_EQ("", text(odd.Get("hidden")));
-    EXPECT_EQ("\xFE\x01", text(odd.Get("b\xFF")));
+    expectValues(odd, {{"nul", "1"}, {"hidden", ""}, {"b\xFF", "\xFE\x01"}});
     odd.ReadFromMemory(nullptr, 5);
     odd.ReadFromMemory("x=1", -3);
     EXPECT_EQ("", text(odd.Get("x")));
-}
 
-TEST(PropSetFileLines, LogicalLinesEndAt59999Bytes) {
-    PropSetFile props;
+    PropSetFile limit;   // the 60000th byte starts a new line
     const std::string value(59997, 'v');
-    read(props, "k=" + value + "y=1\n\\\nz=2");
-    EXPECT_EQ(value, text(props.Get("k")));
-    EXPECT_EQ("1", text(props.Get("y")));   // the 60000th byte starts a new line
-    EXPECT_EQ("2", text(props.Get("z")));
+    read(limit, "k=" + value + "y=1\n\\\nz=2");
+    expectValues(limit, {{"k", value}, {"y", "1"}, {"z", "2"}});
 }
 
 TEST(PropSetFileLines, IfScopesCoverTheIndentedLinesThatFollow) {
     PropSetFile props;
-    read(props, "flag=1\n"
-                "if flag\n"
-                "  inFlag=1\n"
-                "\tinFlagTab=1\n"
-                "outside=1\n"
-                "  afterScope=1\n"
-                "if $(flag)\n"          // the key is "$(flag)" itself: not set
-                "  literal=1\n"
-                "if missing\n"
-                "  # comment\n"
-                "  hidden=1\n"
-                "  if flag\n"           // indented: no directive (and skipped here)
-                "if flag\n"
-                "if missing\n"          // replaces the condition, no nesting
-                "  replaced=1\n"
-                "if missing\n"
-                "#closes the scope\n"
-                "  stillRead=1\n"
-                "if missing\n"
-                "  \n"
-                "   \t# x=1\n"
-                "closed=1\n");
-    EXPECT_EQ("1", text(props.Get("inFlag")));
-    EXPECT_EQ("1", text(props.Get("inFlagTab")));
-    EXPECT_EQ("1", text(props.Get("outside")));
-    EXPECT_EQ("1", text(props.Get("afterScope")));   // condition was true again
-    EXPECT_EQ("", text(props.Get("literal")));
-    EXPECT_EQ("", text(props.Get("hidden")));
-    EXPECT_EQ("", text(props.Get("if flag")));
-    EXPECT_EQ("", text(props.Get("replaced")));
-    EXPECT_EQ("1", text(props.Get("stillRead")));
-    EXPECT_EQ("1", text(props.Get("closed")));
-    EXPECT_EQ("", text(props.Get("#closes the scope")));
+    // "if $(flag)" tests the key "$(flag)" itself; an indented "if" is no directive; a second
+    // "if" replaces the condition, no nesting; an unindented comment closes the scope.
+    read(props, "flag=1\n" "if flag\n" "  inFlag=1\n" "\tinFlagTab=1\n" "outside=1\n" "  afterScope=1\n"
+                "if $(flag)\n" "  literal=1\n"
+                "if missing\n" "  # comment\n" "  hidden=1\n" "  if flag\n"
+                "if flag\n" "if missing\n" "  replaced=1\n"
+                "if missing\n" "#closes the scope\n" "  stillRead=1\n"
+                "if missing\n" "  \n" "   \t# x=1\n" "closed=1\n");
+    // afterScope: the condition was true again.
+    expectValues(props, {{"inFlag", "1"}, {"inFlagTab", "1"}, {"outside", "1"}, {"afterScope", "1"},
+                         {"literal", ""}, {"hidden", ""}, {"if flag", ""}, {"replaced", ""},
+                         {"stillRead", "1"}, {"closed", "1"}, {"#closes the scope", ""}});
 
-    PropSetFile plain;
-    read(plain, "  if x\nimport other\n");   // no folder for imports: plain keys
-    EXPECT_EQ("1", text(plain.Get("if x")));
-    EXPECT_EQ("1", text(plain.Get("import other")));
+    PropSetFile plain;   // no folder for imports: plain keys
+    read(plain, "  if x\nimport other\n");
+    expectValues(plain, {{"if x", "1"}, {"import other", "1"}});
 }
 
-TEST(PropSetFileLines, LowerCasingTouchesKeysOnly) {
-    PropSetFile props(true);
+TEST(PropSetFileLines, LowerCasingTouchesKeysOnlyAndSetIntegerKeepsTheWholeLong) {
+    PropSetFile props(true);   // bytes above 0x7F untouched
     read(props, "Style.SQL.1=Fore:#FF0000\nFLAG\n\xD0\x9A\x41=V\n");
-    EXPECT_EQ("Fore:#FF0000", text(props.Get("style.sql.1")));
-    EXPECT_EQ("", text(props.Get("Style.SQL.1")));
-    EXPECT_EQ("1", text(props.Get("flag")));
-    EXPECT_EQ("V", text(props.Get("\xD0\x9A" "a")));   // bytes above 0x7F untouched
+    expectValues(props, {{"style.sql.1", "Fore:#FF0000"}, {"Style.SQL.1", ""}, {"flag", "1"},
+                         {"\xD0\x9A" "a", "V"}});
     PropSetFile exact;
     read(exact, "Key=1\n");
-    EXPECT_EQ("1", text(exact.Get("Key")));
+    exact.SetInteger("neg", -42);
+    exact.SetInteger("big", 1234567890123L);
+    expectValues(exact, {{"Key", "1"}, {"neg", "-42"}, {"big", "1234567890123"}});
 }
 
 TEST_F(PropFiles, ReadHonoursTheByteOrderMarkAndTheByteLimit) {
@@ -144,14 +116,12 @@ TEST_F(PropFiles, ReadHonoursTheByteOrderMarkAndTheByteLimit) {
     big += "cut=0123456789abcdefghijklmnop\nbeyond=1\n";
     ASSERT_GT(big.size(), 60000u);
     EXPECT_TRUE(props.Read(Write("big", big), Dir()));
-    EXPECT_EQ("1", text(props.Get("first")));
-    EXPECT_EQ("0123456789abcdef", text(props.Get("cut")));   // cut in mid-line, still read
-    EXPECT_EQ("", text(props.Get("beyond")));
+    // cut in mid-line, still read
+    expectValues(props, {{"first", "1"}, {"cut", "0123456789abcdef"}, {"beyond", ""}});
 
-    props.Set("kept", "yes");
-    EXPECT_FALSE(props.Read(FilePath(dir.filePath("missing.properties").toUtf8().constData()), Dir()));
-    EXPECT_FALSE(props.Read(Dir(), Dir()));   // a folder is no file
-    EXPECT_FALSE(props.Read(FilePath(), Dir()));
+    props.Set("kept", "yes");   // a folder is no file
+    for (const FilePath& bad : {Path("missing.properties"), Dir(), FilePath()})
+        EXPECT_FALSE(props.Read(bad, Dir())) << bad.AsInternal();
     EXPECT_EQ("yes", text(props.Get("kept")));
 }
 
@@ -160,24 +130,15 @@ TEST_F(PropFiles, ImportsOverrideInFileOrderAndAreListed) {
     Write("base", "a=base\nb=base\nflag=0\nc=base\n");
     Write("sub/inner", "inner=1\n");
     Write("late", "late=1\n");
-    const FilePath main = Write("main",
-        "b=main-before\n"
-        "import base\n"
-        "a=main-after\n"
-        "import missing\n"
-        "import sub\\inner\n"
-        "if flag\n"
-        "  import late\n"       // indented: no directive, and the condition is false
-        "  c=skipped\n"
-        "import\n");
+    // The indented import is no directive, and its condition is false anyway.
+    const FilePath main = Write("main", "b=main-before\n" "import base\n" "a=main-after\n" "import missing\n"
+                                        "import sub\\inner\n" "if flag\n" "  import late\n" "  c=skipped\n"
+                                        "import\n");
     FilePath imports[3];
     EXPECT_TRUE(props.Read(main, Dir(), imports, 3));
-    EXPECT_EQ("main-after", text(props.Get("a")));
-    EXPECT_EQ("base", text(props.Get("b")));
-    EXPECT_EQ("base", text(props.Get("c")));
-    EXPECT_EQ("1", text(props.Get("inner")));
-    EXPECT_EQ("", text(props.Get("late")));
-    EXPECT_EQ("1", text(props.Get("import")));   // "import" without a name is a plain key
+    // "import" without a name is a plain key.
+    expectValues(props, {{"a", "main-after"}, {"b", "base"}, {"c", "base"}, {"inner", "1"}, {"late", ""},
+                         {"import", "1"}});
     EXPECT_EQ("base.properties", Name(imports[0]));
     EXPECT_EQ("sub/inner.properties", Name(FilePath(imports[1].AsFileSystem())));
     EXPECT_FALSE(imports[2].IsSet());
@@ -188,8 +149,7 @@ TEST_F(PropFiles, ImportsOverrideInFileOrderAndAreListed) {
     EXPECT_EQ("base.properties", Name(one[0]));
     EXPECT_TRUE(again.Read(main, Dir(), nullptr, 5));
 
-    // An absolute name stands for itself, whatever the import folder.
-    PropSetFile absolute;
+    PropSetFile absolute;   // an absolute name stands for itself, whatever the import folder
     const std::string line = "import " + std::string(dir.filePath("base").toUtf8().constData());
     absolute.ReadFromMemory(line.data(), int(line.size()), FilePath("/nonexistent"));
     EXPECT_EQ("base", text(absolute.Get("a")));
@@ -201,10 +161,7 @@ TEST_F(PropFiles, ImportCyclesAndRunawayImportsEnd) {
     Write("pong", "pong=1\nimport ping\nshared=pong\n");
     FilePath imports[4];
     EXPECT_TRUE(props.Read(Write("top", "import self\nimport ping\nshared=top\n"), Dir(), imports, 4));
-    EXPECT_EQ("1", text(props.Get("before")));
-    EXPECT_EQ("1", text(props.Get("after")));
-    EXPECT_EQ("1", text(props.Get("ping.after")));
-    EXPECT_EQ("top", text(props.Get("shared")));
+    expectValues(props, {{"before", "1"}, {"after", "1"}, {"ping.after", "1"}, {"shared", "top"}});
     // Files that were read are listed; a blocked repeat of a file on the chain is not.
     EXPECT_EQ("self.properties", Name(imports[0]));
     EXPECT_EQ("pong.properties", Name(imports[1]));
@@ -216,9 +173,8 @@ TEST_F(PropFiles, ImportCyclesAndRunawayImportsEnd) {
         Write("chain" + std::to_string(i),
               "import chain" + std::to_string(i + 1) + "\nv" + std::to_string(i) + "=1\n");
     PropSetFile chain;
-    EXPECT_TRUE(chain.Read(FilePath(dir.filePath("chain0.properties").toUtf8().constData()), Dir()));
-    EXPECT_EQ("1", text(chain.Get("v31")));
-    EXPECT_EQ("", text(chain.Get("v32")));
+    EXPECT_TRUE(chain.Read(Path("chain0.properties"), Dir()));
+    expectValues(chain, {{"v31", "1"}, {"v32", ""}});
 
     // Repeated imports of one file are legitimate, but one read opens at most 1000 files.
     Write("leaf", "n=1\n");
@@ -236,32 +192,22 @@ TEST_F(PropFiles, ImportCyclesAndRunawayImportsEnd) {
     EXPECT_TRUE(second[0].IsSet());
 }
 
-TEST(PropSetFileValues, SetIntegerKeepsTheWholeLong) {
-    PropSetFile props;
-    props.SetInteger("neg", -42);
-    props.SetInteger("big", 1234567890123L);
-    EXPECT_EQ("-42", text(props.Get("neg")));
-    EXPECT_EQ("1234567890123", text(props.Get("big")));
-}
-
 TEST(FilePath, JoinsSplitsAndKnowsAbsolutePaths) {
     EXPECT_FALSE(FilePath().IsSet());
     EXPECT_TRUE(FilePath().fileName == "");   // allocated, not null
-    EXPECT_EQ("dir/name", std::string(FilePath(FilePath("dir"), FilePath("name")).AsInternal()));
-    EXPECT_EQ("name", std::string(FilePath(FilePath(), FilePath("name")).AsInternal()));
-    EXPECT_EQ("dir//name", std::string(FilePath(FilePath("dir/"), FilePath("name")).AsInternal()));
-    EXPECT_EQ("/abs", std::string(FilePath(FilePath("dir"), FilePath("/abs")).AsInternal()));
-    EXPECT_EQ("\\abs", std::string(FilePath(FilePath("dir"), FilePath("\\abs")).AsInternal()));
-    EXPECT_EQ("C:\\x", std::string(FilePath(FilePath("dir"), FilePath("C:\\x")).AsInternal()));
     EXPECT_FALSE(FilePath("rel/x").IsAbsolute());
-
-    EXPECT_EQ("/a/b", std::string(FilePath("/a/b/c.properties").Directory().AsInternal()));
-    EXPECT_EQ("/a/b", std::string(FilePath("/a/b\\c").Directory().AsInternal()));
-    EXPECT_EQ("/", std::string(FilePath("/top").Directory().AsInternal()));
-    EXPECT_EQ("/", std::string(FilePath("/").Directory().AsInternal()));
-    EXPECT_EQ("C:\\", std::string(FilePath("C:\\x").Directory().AsInternal()));
-    EXPECT_EQ("C:\\", std::string(FilePath("C:\\").Directory().AsInternal()));
-    EXPECT_EQ("rel", std::string(FilePath("rel/x").Directory().AsInternal()));
     EXPECT_FALSE(FilePath("plain").Directory().IsSet());
     EXPECT_EQ("a/b/c", std::string(FilePath("a\\b/c").AsFileSystem().c_str()));
+    const struct { const char* dir; const char* name; const char* joined; } joins[] = {
+        {"dir", "name", "dir/name"}, {"", "name", "name"}, {"dir/", "name", "dir//name"},
+        {"dir", "/abs", "/abs"}, {"dir", "\\abs", "\\abs"}, {"dir", "C:\\x", "C:\\x"}};
+    for (const auto& j : joins) {
+        const FilePath dir = *j.dir ? FilePath(j.dir) : FilePath();
+        EXPECT_STREQ(j.joined, FilePath(dir, FilePath(j.name)).AsInternal()) << j.dir << " + " << j.name;
+    }
+    const std::pair<const char*, const char*> dirs[] = {
+        {"/a/b/c.properties", "/a/b"}, {"/a/b\\c", "/a/b"}, {"/top", "/"}, {"/", "/"},
+        {"C:\\x", "C:\\"}, {"C:\\", "C:\\"}, {"rel/x", "rel"}};
+    for (const auto& [path, directory] : dirs)
+        EXPECT_STREQ(directory, FilePath(path).Directory().AsInternal()) << path;
 }

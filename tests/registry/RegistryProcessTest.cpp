@@ -54,10 +54,10 @@ TEST_F(RegistryProcessTest, ConcurrentWritersLoseNothing) {
     auto a = start({"race", "A", QString::number(kCount)});
     auto b = start({"race", "B", QString::number(kCount)});
     // Both have the store open before either writes, so that their writes interleave.
-    ASSERT_TRUE(waitForLine(*a));
-    ASSERT_TRUE(waitForLine(*b));
-    EXPECT_EQ(a->readLine().trimmed(), "ready");
-    EXPECT_EQ(b->readLine().trimmed(), "ready");
+    for (QProcess* p : {a.get(), b.get()}) {
+        ASSERT_TRUE(waitForLine(*p));
+        EXPECT_EQ(p->readLine().trimmed(), "ready");
+    }
     a->write("go\n");
     b->write("go\n");
     for (QProcess* p : {a.get(), b.get()}) {
@@ -72,19 +72,16 @@ TEST_F(RegistryProcessTest, ConcurrentWritersLoseNothing) {
                               nullptr, nullptr),
               ERROR_SUCCESS);
     EXPECT_EQ(values, DWORD(2 * kCount + 1));
-    for (const char* tag : {"A", "B"}) {
-        for (int i = 0; i < kCount; ++i) {
-            const std::string name = std::string(tag) + "-" + std::to_string(i);
-            DWORD v = 0, size = sizeof v;
-            ASSERT_EQ(RegQueryValueEx(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&v), &size),
-                      ERROR_SUCCESS) << name;
-            EXPECT_EQ(v, DWORD(i));
-        }
-    }
-    DWORD counter = 0, size = sizeof counter;
-    ASSERT_EQ(RegQueryValueEx(key, "Counter", nullptr, nullptr, reinterpret_cast<BYTE*>(&counter), &size),
-              ERROR_SUCCESS);
-    EXPECT_EQ(counter, DWORD(2 * kCount));  // no increment lost to the other process
+    auto dword = [&](const std::string& name) {
+        DWORD v = 0, size = sizeof v;
+        EXPECT_EQ(RegQueryValueEx(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&v), &size),
+                  ERROR_SUCCESS) << name;
+        return v;
+    };
+    for (const char* tag : {"A-", "B-"})
+        for (int i = 0; i < kCount; ++i)
+            ASSERT_EQ(dword(tag + std::to_string(i)), DWORD(i));
+    EXPECT_EQ(dword("Counter"), DWORD(2 * kCount));  // no increment lost to the other process
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
 }
 

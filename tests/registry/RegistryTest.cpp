@@ -18,6 +18,8 @@ namespace {
 using Key = std::unique_ptr<RegistryKey, decltype(&RegCloseKey)>;
 
 const BYTE* bytes(const void* p) { return static_cast<const BYTE*>(p); }
+BYTE* out(char* p) { return reinterpret_cast<BYTE*>(p); }
+std::string dword(DWORD v) { return std::string(reinterpret_cast<const char*>(&v), sizeof v); }
 
 class RegistryTest : public ::testing::Test {
 protected:
@@ -45,12 +47,19 @@ protected:
         DWORD size = 0;
         if (RegQueryValueEx(key, name, nullptr, type, nullptr, &size) != ERROR_SUCCESS) return "<missing>";
         std::string data(size, '\0');
-        EXPECT_EQ(RegQueryValueEx(key, name, nullptr, type, reinterpret_cast<BYTE*>(data.data()), &size),
-                  ERROR_SUCCESS);
+        EXPECT_EQ(RegQueryValueEx(key, name, nullptr, type, out(data.data()), &size), ERROR_SUCCESS);
         return data;
     }
     static LSTATUS set(HKEY key, const char* name, DWORD type, const std::string& data) {
         return RegSetValueEx(key, name, 0, type, bytes(data.data()), DWORD(data.size()));
+    }
+    // The value count of a key, through RegQueryInfoKey.
+    static DWORD values(HKEY key, DWORD* subKeys = nullptr) {
+        DWORD n = 0;
+        EXPECT_EQ(RegQueryInfoKey(key, nullptr, nullptr, nullptr, subKeys, nullptr, nullptr, &n, nullptr, nullptr,
+                                  nullptr, nullptr),
+                  ERROR_SUCCESS);
+        return n;
     }
     // The names of the values, or with `keys` of the sub keys, in enumeration order.
     static std::vector<std::string> names(HKEY key, bool keys = false) {
@@ -118,16 +127,13 @@ TEST_F(RegistryTest, SizeQueriesAndShortBuffers) {
     char buffer[8];
     std::memset(buffer, '#', sizeof buffer);
     size = 3;
-    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, reinterpret_cast<BYTE*>(buffer), &size),
-              ERROR_MORE_DATA);
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, out(buffer), &size), ERROR_MORE_DATA);
     EXPECT_EQ(size, 7u);
     EXPECT_EQ(buffer[0], '#');  // nothing copied
-    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, reinterpret_cast<BYTE*>(buffer), &size),
-              ERROR_SUCCESS);
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, out(buffer), &size), ERROR_SUCCESS);
     EXPECT_STREQ(buffer, "abcdef");
     EXPECT_EQ(buffer[7], '#');
-    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, reinterpret_cast<BYTE*>(buffer), nullptr),
-              ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, out(buffer), nullptr), ERROR_INVALID_PARAMETER);
     EXPECT_EQ(RegQueryValueEx(key.get(), "nope", nullptr, nullptr, nullptr, &size), ERROR_FILE_NOT_FOUND);
 
     // Enumeration reports short name and data buffers the same way.
@@ -143,21 +149,19 @@ TEST_F(RegistryTest, SizeQueriesAndShortBuffers) {
     char longName[16];
     cch = sizeof longName;
     size = 2;
-    EXPECT_EQ(RegEnumValue(key.get(), 0, longName, &cch, nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size),
-              ERROR_MORE_DATA);
+    EXPECT_EQ(RegEnumValue(key.get(), 0, longName, &cch, nullptr, &type, out(buffer), &size), ERROR_MORE_DATA);
     EXPECT_EQ(size, 7u);
 }
 
 TEST_F(RegistryTest, BadArgumentsGetErrors) {
     Key key = create("Software\\Bad");
     DWORD one = 1;
-    EXPECT_EQ(RegSetValueEx(key.get(), "d", 0, REG_DWORD, bytes(&one), 3), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(RegSetValueEx(key.get(), "q", 0, REG_QWORD, bytes(&one), 4), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(RegSetValueEx(key.get(), "n", 0, REG_BINARY, nullptr, 4), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(RegSetValueEx(key.get(), "big", 0, REG_BINARY, bytes(&one), REG_MAX_VALUE_SIZE + 1),
-              ERROR_INVALID_PARAMETER);
     const std::string longName(REG_MAX_VALUE_NAME + 1, 'n');
-    EXPECT_EQ(setDword(key.get(), longName.c_str(), 1), ERROR_INVALID_PARAMETER);
+    const struct { const char* name; DWORD type; const BYTE* data; DWORD size; } sets[] = {
+        {"d", REG_DWORD, bytes(&one), 3}, {"q", REG_QWORD, bytes(&one), 4}, {"n", REG_BINARY, nullptr, 4},
+        {"big", REG_BINARY, bytes(&one), REG_MAX_VALUE_SIZE + 1}, {longName.c_str(), REG_DWORD, bytes(&one), 4}};
+    for (const auto& v : sets)
+        EXPECT_EQ(RegSetValueEx(key.get(), v.name, 0, v.type, v.data, v.size), ERROR_INVALID_PARAMETER) << v.name;
     EXPECT_TRUE(names(key.get()).empty());
 
     HKEY out = reinterpret_cast<HKEY>(&one);
@@ -171,17 +175,14 @@ TEST_F(RegistryTest, BadArgumentsGetErrors) {
     EXPECT_EQ(RegEnumValue(key.get(), 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
               ERROR_INVALID_PARAMETER);
 
-    // Handles that were never opened, or closed already, are refused without being touched.
-    RegistryKey* bogus = reinterpret_cast<HKEY>(&one);
-    EXPECT_EQ(setDword(nullptr, "x", 1), ERROR_INVALID_HANDLE);
-    EXPECT_EQ(setDword(bogus, "x", 1), ERROR_INVALID_HANDLE);
-    EXPECT_EQ(RegCloseKey(bogus), ERROR_INVALID_HANDLE);
-    EXPECT_EQ(RegCloseKey(nullptr), ERROR_INVALID_HANDLE);
-    EXPECT_EQ(RegCloseKey(HKEY_CURRENT_USER), ERROR_SUCCESS);  // predefined: stays open
+    // Handles never opened, or closed already, are refused untouched; a predefined one stays open.
+    EXPECT_EQ(RegCloseKey(HKEY_CURRENT_USER), ERROR_SUCCESS);
     HKEY raw = key.release();
     EXPECT_EQ(RegCloseKey(raw), ERROR_SUCCESS);
-    EXPECT_EQ(RegCloseKey(raw), ERROR_INVALID_HANDLE);
-    EXPECT_EQ(setDword(raw, "x", 1), ERROR_INVALID_HANDLE);
+    for (HKEY bad : {HKEY(nullptr), reinterpret_cast<HKEY>(&one), raw}) {
+        EXPECT_EQ(setDword(bad, "x", 1), ERROR_INVALID_HANDLE);
+        EXPECT_EQ(RegCloseKey(bad), ERROR_INVALID_HANDLE);
+    }
 }
 
 TEST_F(RegistryTest, EnumerationFollowsCreationOrder) {
@@ -228,7 +229,7 @@ TEST_F(RegistryTest, NamesIgnoreAsciiCase) {
     ASSERT_EQ(setDword(key.get(), "Value", 1), ERROR_SUCCESS);
     ASSERT_EQ(setDword(again, "VALUE", 2), ERROR_SUCCESS);  // the same value through the other handle
     EXPECT_EQ(names(key.get()), Names{"Value"});
-    EXPECT_EQ(read(key.get(), "vAlUe"), std::string("\2\0\0\0", 4));
+    EXPECT_EQ(read(key.get(), "vAlUe"), dword(2));
     EXPECT_EQ(RegDeleteValue(key.get(), "value"), ERROR_SUCCESS);
     // Bytes beyond ASCII are compared as they are.
     ASSERT_EQ(setDword(key.get(), "\xC3\x84", 1), ERROR_SUCCESS);
@@ -268,7 +269,7 @@ TEST_F(RegistryTest, ReadOnlyHandleCannotWrite) {
     ASSERT_EQ(setDword(writable.get(), "v", 5), ERROR_SUCCESS);
     Key ro = open("Software\\RO", KEY_READ);
     ASSERT_NE(ro.get(), nullptr);
-    EXPECT_EQ(read(ro.get(), "v"), std::string("\5\0\0\0", 4));
+    EXPECT_EQ(read(ro.get(), "v"), dword(5));
     EXPECT_EQ(setDword(ro.get(), "v", 6), ERROR_ACCESS_DENIED);
     EXPECT_EQ(RegDeleteValue(ro.get(), "v"), ERROR_ACCESS_DENIED);
     EXPECT_EQ(RegDeleteKey(ro.get(), "Existing"), ERROR_ACCESS_DENIED);
@@ -291,7 +292,7 @@ TEST_F(RegistryTest, OnlyThisMachineConnects) {
                                 static_cast<const char*>(host), uncHost.c_str()}) {
         HKEY key = nullptr;
         ASSERT_EQ(RegConnectRegistry(machine, HKEY_LOCAL_MACHINE, &key), ERROR_SUCCESS) << (machine ? machine : "null");
-        EXPECT_EQ(read(key, "seen"), std::string("\x09\0\0\0", 4));
+        EXPECT_EQ(read(key, "seen"), dword(9));
         EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
     }
     HKEY key = nullptr;
@@ -309,7 +310,7 @@ TEST_F(RegistryTest, StorePersistsAcrossReopen) {
     EXPECT_EQ(setDword(key.get(), "v", 1), ERROR_INVALID_HANDLE);  // opened on the closed store
     EXPECT_EQ(open("Software\\Persist").get(), nullptr);
     ASSERT_TRUE(RegSetStorePath(path_.c_str()));
-    EXPECT_EQ(read(open("Software\\Persist").get(), "v"), std::string("*\0\0\0", 4));
+    EXPECT_EQ(read(open("Software\\Persist").get(), "v"), dword(42));
     EXPECT_EQ(RegCloseKey(key.release()), ERROR_SUCCESS);
 }
 
@@ -335,22 +336,18 @@ TEST_F(RegistryTest, UnusableStoreFailsWithoutHarm) {
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     EXPECT_EQ(f.readAll().toStdString(), junk);  // left exactly as it was
 
-    // Another program's SQLite database is no registry either, and is not changed.
+    // Another program's SQLite database is no registry; a folder through a file cannot be made.
     const std::string foreign = dir_.filePath("foreign.sqlite").toStdString();
     sqlite3* db = nullptr;
     ASSERT_EQ(sqlite3_open(foreign.c_str(), &db), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(db, "CREATE TABLE keys(x); INSERT INTO keys VALUES(1)", nullptr, nullptr, nullptr), SQLITE_OK);
     sqlite3_close(db);
-    EXPECT_FALSE(RegSetStorePath(foreign.c_str()));
-    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), ERROR_BADDB);
-
-    // A folder that cannot be made: the path runs through a file.
     const std::string blocked = garbage + "/sub/registry.sqlite";
-    EXPECT_FALSE(RegSetStorePath(blocked.c_str()));
-    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), ERROR_CANTWRITE);
-
-    ASSERT_TRUE(RegSetStorePath(path_.c_str()));  // a good store works again
-    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), ERROR_SUCCESS);
+    for (const auto& [store, error] : {std::pair{foreign, ERROR_BADDB}, std::pair{blocked, ERROR_CANTWRITE},
+                                       std::pair{path_, ERROR_SUCCESS}}) {
+        EXPECT_EQ(RegSetStorePath(store.c_str()), error == ERROR_SUCCESS) << store;  // a good store works again
+        EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), error) << store;
+    }
 }
 
 TEST_F(RegistryTest, IncrementCountsAndChecksType) {
@@ -381,13 +378,10 @@ TEST_F(RegistryTest, ThreadsShareTheStore) {
     std::thread a(work, 'a'), b(work, 'b');
     a.join();
     b.join();
-    DWORD values = 0, subKeys = 0;
-    ASSERT_EQ(RegQueryInfoKey(key.get(), nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, &values, nullptr,
-                              nullptr, nullptr, nullptr),
-              ERROR_SUCCESS);
-    EXPECT_EQ(values, 201u);
+    DWORD subKeys = 0;
+    EXPECT_EQ(values(key.get(), &subKeys), 201u);
     EXPECT_EQ(subKeys, 200u);
-    EXPECT_EQ(read(key.get(), "total"), std::string("\xC8\0\0\0", 4));
+    EXPECT_EQ(read(key.get(), "total"), dword(200));
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
-// A second process for the registry tests, writing to the store file named first:
-//   test_registry_writer STORE race TAG COUNT
-//       prints "ready", waits for a line on stdin, then writes the REG_DWORD values TAG-0 ..
-//       TAG-(COUNT-1) = index below HKCU\Software\Race and adds 1 to "Counter" for each.
-//   test_registry_writer STORE series
-//       writes REG_BINARY values "v<i>" of 4 KiB below HKCU\Software\Series for i = 0, 1, ...
-//       until killed, printing each index once its write has committed.
-// Exits with 1 on the first failed call, 2 on bad arguments.
+// Second process for the registry tests, on the store file named first. Exit 1: a call failed, 2: bad arguments.
+//   STORE race TAG COUNT: prints "ready", waits for a stdin line, then writes REG_DWORD TAG-<i> = i below
+//       HKCU\Software\Race and adds 1 to "Counter" for each i < COUNT.
+//   STORE series: writes 4 KiB REG_BINARY "v<i>" below HKCU\Software\Series until killed, printing each i once committed.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

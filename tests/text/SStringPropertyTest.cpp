@@ -1,7 +1,7 @@
-// Random edits on an SString mirrored on a std::string: the texts and the answers to searches
-// must agree after every step. Seeded, so a failure replays exactly.
+// Seeded random edits on an SString mirrored on a std::string: texts and searches agree at every step.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -13,8 +13,7 @@ const char* const pieces[] = {"a", "b", "A", "ab", "é", "SELECT", " ", "aa"};
 
 std::string changedCase(std::string s, std::size_t pos, std::size_t len, bool upper) {
     for (std::size_t i = pos; i < s.size() && i - pos < len; ++i) {
-        const char from = upper ? 'a' : 'A';
-        if (s[i] >= from && s[i] <= from + 25)
+        if (const char from = upper ? 'a' : 'A'; s[i] >= from && s[i] <= from + 25)
             s[i] = char(s[i] + (upper ? 'A' - 'a' : 'a' - 'A'));
     }
     return s;
@@ -26,9 +25,7 @@ int substituted(std::string& s, const std::string& pattern, const std::string& r
         s.replace(pos, pattern.size(), replacement);
         ++count;
         const std::size_t next = pos + replacement.size();
-        if (next >= s.size())
-            break;
-        pos = s.find(pattern, next);
+        pos = next >= s.size() ? std::string::npos : s.find(pattern, next);
     }
     return count;
 }
@@ -55,8 +52,7 @@ TEST(SStringProperty, RandomEditsMatchStdString) {
         }
         case 1:
             s.insert(pos, p.c_str());
-            if (pos <= size)
-                ref.insert(pos, p);
+            if (pos <= size) ref.insert(pos, p);
             break;
         case 2:
             s.remove(pos, len);
@@ -66,24 +62,20 @@ TEST(SStringProperty, RandomEditsMatchStdString) {
                 ref.erase(pos, len);
             break;
         case 3: {
-            int expected = 0;
-            for (char& c : ref)
-                if (c == 'a' && ++expected)
-                    c = 'B';
+            const int expected = int(std::count(ref.begin(), ref.end(), 'a'));
+            std::replace(ref.begin(), ref.end(), 'a', 'B');
             ASSERT_EQ(expected, s.substitute('a', 'B'));
             break;
         }
         case 4:
             if (!ref.empty()) {
-                const int expected = substituted(ref, p, q);
-                ASSERT_EQ(expected, s.substitute(p.c_str(), q.c_str())) << "step " << step;
+                ASSERT_EQ(substituted(ref, p, q), s.substitute(p.c_str(), q.c_str())) << "step " << step;
             }
             break;
         case 5: {
             const bool upper = below(2);
             upper ? s.uppercase(pos, len) : s.lowercase(pos, len);
-            if (pos < size)
-                ref = changedCase(ref, pos, len, upper);
+            if (pos < size) ref = changedCase(ref, pos, len, upper);
             break;
         }
         case 6:   // a piece of the string's own text, appended or assigned
@@ -100,22 +92,15 @@ TEST(SStringProperty, RandomEditsMatchStdString) {
             break;
         case 7:
             s.change(pos, 'z');
-            if (pos < size)
-                ref[pos] = 'z';
+            if (pos < size) ref[pos] = 'z';
             break;
         case 8:
             s = s.substr(pos, len);
             ref = pos < size ? ref.substr(pos, len) : std::string();
             break;
-        case 9:
-            s += 'x';
-            ref += 'x';
-            break;
+        case 9: s += 'x'; ref += 'x'; break;
         default:
-            if (below(8) == 0 || size > 4000) {
-                s.clear();
-                ref.clear();
-            }
+            if (below(8) == 0 || size > 4000) s.clear(), ref.clear();
         }
         ASSERT_EQ(ref, std::string(s.c_str(), s.length())) << "step " << step;
         ASSERT_EQ('\0', s.c_str()[s.length()]);

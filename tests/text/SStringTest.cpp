@@ -1,6 +1,5 @@
-// SContainer, SBuffer and SString: the three shapes, growth, edits at their boundaries, sources
-// inside the string's own array and allocation failures. Ordinary edits are covered by the
-// randomised comparison with std::string in SStringPropertyTest.cpp.
+// SContainer, SBuffer and SString: shapes, growth, boundary edits, self sources, failed allocations.
+// Ordinary edits are covered by the randomised comparison in SStringPropertyTest.cpp.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -10,8 +9,8 @@
 
 #include "SString.h"
 
-// Fails every nothrow array allocation while a FailAllocations object lives, so that the
-// failure paths run; otherwise defers to the ordinary operator new[] (and so to ASan's).
+// Fails every nothrow array allocation while a FailAllocations object lives; otherwise defers to
+// the ordinary operator new[] (and so to ASan's).
 namespace { bool failAllocations = false; }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     if (failAllocations)
@@ -48,22 +47,15 @@ TEST(SBuffer, AllocatesAndHandsItsArrayOverUnmeasured) {
 
 TEST(SString, NullEmptyAndTextAreDistinct) {
     const SString null;
-    EXPECT_TRUE(null == SString());
-    EXPECT_TRUE(null == static_cast<const char*>(nullptr));
-    EXPECT_TRUE(null != "");
+    EXPECT_TRUE(null == SString() && null == static_cast<const char*>(nullptr) && null != "");
     EXPECT_STREQ("", null.c_str());
-    EXPECT_TRUE(SString(static_cast<const char*>(nullptr)) == null);
-    EXPECT_TRUE(SString(null) == null);
+    EXPECT_TRUE(SString(static_cast<const char*>(nullptr)) == null && SString(null) == null);
 
-    SString empty;
+    SString empty, appended, assigned("abc");
     empty = "";
-    EXPECT_TRUE(empty == "");
-    EXPECT_TRUE(empty != null);
-    EXPECT_TRUE(SString(empty) == "");   // a copy of allocated-empty stays allocated
-    SString appended;
     appended += "";
-    EXPECT_TRUE(appended == "");
-    SString assigned("abc");
+    EXPECT_TRUE(empty == "" && empty != null && appended == "");
+    EXPECT_TRUE(SString(empty) == "");   // a copy of allocated-empty stays allocated
     assigned = static_cast<const char*>(nullptr);   // keeps its array: allocated and empty
     EXPECT_TRUE(assigned == "");
     EXPECT_EQ(3u, assigned.size());
@@ -83,23 +75,19 @@ TEST(SString, ConstructorsFromNumbersAndRanges) {
 TEST(SString, ReadingAtTheBoundaries) {
     SString s("abcd");
     EXPECT_EQ('\0', s[4]);   // length == bufferSize
-    s = "ab";                // reuses the 4-byte array: "ab\0d"
-    EXPECT_EQ('\0', s[2]);
-    EXPECT_EQ('d', s[3]);    // the bound is the array, not the text
-    EXPECT_EQ('\0', s[4]);
+    s = "ab";                // reuses the 4-byte array: "ab\0d"; the bound is the array, not the text
+    EXPECT_EQ(std::string("\0d\0", 3), std::string({s[2], s[3], s[4]}));
 
     EXPECT_FALSE(s.contains('\0'));
     EXPECT_TRUE(s.contains(""));
     EXPECT_FALSE(SString("").contains(""));
     EXPECT_EQ(-1, s.search("", 2));
     EXPECT_TRUE(SString().startswith(""));
-    EXPECT_FALSE(s.startswith("abc"));
-    EXPECT_FALSE(s.endswith("xab"));
+    EXPECT_FALSE(s.startswith("abc") || s.endswith("xab"));
 
     const SString t("abcdef");
     EXPECT_EQ("ef", text(t.substr(4, 100)));
-    EXPECT_TRUE(t.substr(5, 0) == "");   // allocated empty, not null
-    EXPECT_TRUE(t.substr(5, 0) != SString());
+    EXPECT_TRUE(t.substr(5, 0) == "" && t.substr(5, 0) != SString());   // allocated empty, not null
     EXPECT_TRUE(t.substr(6) == SString());
 }
 
@@ -112,15 +100,14 @@ TEST(SString, EditsAtTheBoundaries) {
     s.change(3, '!');
     EXPECT_EQ("a,b", text(s));
 
-    SString r("abcd");
-    r.remove(1, 2);
-    EXPECT_EQ("ad", text(r));
-    r = "abcd";
-    r.remove(2, 0);   // a zero length cuts
-    EXPECT_EQ("ab", text(r));
-    r = "abcd";
-    r.remove(1, 3);
-    EXPECT_EQ("a", text(r));
+    // A zero length, or a range past the end, cuts the rest.
+    const struct { unsigned int pos, len; const char* left; } removals[] = {
+        {1, 2, "ad"}, {2, 0, "ab"}, {1, 3, "a"}};
+    for (const auto& r : removals) {
+        SString cut("abcd");
+        cut.remove(r.pos, r.len);
+        EXPECT_EQ(r.left, text(cut)) << r.pos << "," << r.len;
+    }
 
     SString c("séLect ÄÖ @[`{ from");
     c.uppercase();
@@ -136,16 +123,15 @@ TEST(SString, Substitute) {
     EXPECT_EQ(0, s.substitute('\0', 'x'));
     EXPECT_EQ(0, SString().substitute('a', 'b'));
 
-    s = "aaaa";
-    EXPECT_EQ(2, s.substitute("aa", "a"));   // never rescans the replacement
-    EXPECT_EQ("aa", text(s));
-    s = "xaxax";
-    EXPECT_EQ(3, s.substitute("x", "xx"));
-    EXPECT_EQ("xxaxxaxx", text(s));
-    s = "text";
-    EXPECT_EQ(1, s.substitute("", "new"));   // matches at 0; the zero-length removal cuts all
-    EXPECT_EQ("new", text(s));
-    EXPECT_EQ(0, SString("").substitute("", "y"));
+    // Never rescans the replacement; "" matches at 0 and the zero-length removal cuts all.
+    const struct { const char *before, *find, *replace; int count; const char* after; } rows[] = {
+        {"aaaa", "aa", "a", 2, "aa"}, {"xaxax", "x", "xx", 3, "xxaxxaxx"}, {"text", "", "new", 1, "new"},
+        {"", "", "y", 0, ""}};
+    for (const auto& r : rows) {
+        SString t(r.before);
+        EXPECT_EQ(r.count, t.substitute(r.find, r.replace)) << r.before;
+        EXPECT_EQ(r.after, text(t));
+    }
 }
 
 TEST(SString, GrowthAddsRoomInProportion) {
@@ -177,7 +163,7 @@ TEST(SString, GrowthAddsRoomInProportion) {
     EXPECT_LT(reallocations, 40);   // 31 with the doubling room; a fixed 64 would take 1563
 }
 
-TEST(SString, SourcesInsideTheOwnArray) {
+TEST(SString, SourcesInsideTheOwnArrayAndDetach) {
     SString s("abc");
     s += s;   // grows: the source must survive the reallocation
     EXPECT_EQ("abcabc", text(s));
@@ -190,12 +176,10 @@ TEST(SString, SourcesInsideTheOwnArray) {
     s = s.c_str() + 3;
     EXPECT_EQ(3, s.substitute(s.c_str() + 7, "X"));   // pattern "bc" taken from the text
     EXPECT_EQ("cXaX-X", text(s));
-}
 
-TEST(SString, DetachHandsTheArrayOver) {
-    SString s("owned");
-    char* p = s.detach();
-    EXPECT_TRUE(s == SString());
+    SString owned("owned");
+    char* p = owned.detach();
+    EXPECT_TRUE(owned == SString());
     EXPECT_STREQ("owned", p);
     delete[] p;   // ASan checks it was allocated with new[]
 }
@@ -209,8 +193,7 @@ TEST(SString, AllocationFailure) {
         s += 'x';
         EXPECT_EQ(0, s.substitute("b", "bbbb"));
         t = "longer";
-        EXPECT_TRUE(t == SString());
-        EXPECT_TRUE(SString("abc") == SString());
+        EXPECT_TRUE(t == SString() && SString("abc") == SString());
         EXPECT_EQ(0u, SBuffer(8).size());
     }
     EXPECT_EQ("abc", text(s));

@@ -77,16 +77,14 @@ TEST_F(TextFileTest, LegacyCodePageComesFromTheSystemLanguageOrTheCaller) {
     // A caller's code page wins over the system's, for detection and for a forced read.
     setenv("QUILLBOX_LANGID", "1042", 1);
     Put(Path("sjis.sql"), kLegacySamples[1].bytes);
-    CKTTextFileRead override(Path("sjis.sql").c_str(), true, true, 932);
+    CKTTextFileRead override(Path("sjis.sql").c_str(), true, true, 932), forced(Path("sjis.sql").c_str(), TEXTENCODING_ANSI, 932);
     EXPECT_EQ(ReadWith(override).text, kLegacySamples[1].utf8);
-    CKTTextFileRead forced(Path("sjis.sql").c_str(), TEXTENCODING_ANSI, 932);
     EXPECT_EQ(ReadWith(forced).codePage, 932);
 
     // Forcing a code page applies it even to bytes that are valid UTF-8 as well.
     Put(Path("both.sql"), "\xC2\xA1");
-    CKTTextFileRead asKorean(Path("both.sql").c_str(), TEXTENCODING_ANSI, 949);
+    CKTTextFileRead asKorean(Path("both.sql").c_str(), TEXTENCODING_ANSI, 949), asUtf8(Path("both.sql").c_str());
     EXPECT_EQ(ReadWith(asKorean).text, "\xEC\xA7\x95");   // U+C9D5, not U+00A1
-    CKTTextFileRead asUtf8(Path("both.sql").c_str());
     EXPECT_EQ(ReadWith(asUtf8).text, "\xC2\xA1");
 }
 
@@ -167,29 +165,23 @@ TEST_F(TextFileTest, ForeignCodePageIsOnlySuggested) {
 }
 
 TEST_F(TextFileTest, MissingFilesFoldersAndClosedReaders) {
-    CKTTextFileRead missing(Path("none.sql").c_str());
-    EXPECT_FALSE(missing.IsOpen());
-    EXPECT_EQ(missing.GetError(), TEXTFILEERROR_NOT_FOUND);
-
-    CKTTextFileRead folder(dir_.path().toUtf8().constData());
-    EXPECT_EQ(folder.GetError(), TEXTFILEERROR_NOT_A_FILE);
-
-    CKTTextFileRead none(nullptr);
-    EXPECT_EQ(none.GetError(), TEXTFILEERROR_INVALID_ARGUMENT);
-
-    ASSERT_EQ(mkfifo(Path("fifo").c_str(), 0600), 0);
-    CKTTextFileRead fifo(Path("fifo").c_str());   // must not wait for a writer
-    EXPECT_EQ(fifo.GetError(), TEXTFILEERROR_NOT_A_FILE);
-    CKTTextFileWrite fifoWrite(Path("fifo").c_str(), TEXTENCODING_UTF8);
-    EXPECT_EQ(fifoWrite.GetError(), TEXTFILEERROR_NOT_A_FILE);
+    ASSERT_EQ(mkfifo(Path("fifo").c_str(), 0600), 0);   // must not wait for a writer
+    const std::string none = Path("none.sql"), folder = dir_.path().toStdString(), fifo = Path("fifo");
+    const std::pair<const char*, TEXTFILEERROR> cases[] = {{none.c_str(), TEXTFILEERROR_NOT_FOUND},
+        {folder.c_str(), TEXTFILEERROR_NOT_A_FILE}, {nullptr, TEXTFILEERROR_INVALID_ARGUMENT},
+        {fifo.c_str(), TEXTFILEERROR_NOT_A_FILE}};
+    for (const auto& [path, error] : cases) {
+        CKTTextFileRead file(path);
+        EXPECT_FALSE(file.IsOpen()) << (path ? path : "null");
+        EXPECT_EQ(file.GetError(), error) << (path ? path : "null");
+    }
+    EXPECT_EQ(CKTTextFileWrite(fifo.c_str(), TEXTENCODING_UTF8).GetError(), TEXTFILEERROR_NOT_A_FILE);
 
     // Without detection a byte order mark still counts, but nothing is read as a code page.
     Put(Path("ansi.sql"), kLegacySamples[0].bytes);
-    CKTTextFileRead undetected(Path("ansi.sql").c_str(), false);
-    EXPECT_EQ(undetected.GetError(), TEXTFILEERROR_UNDECODABLE);
+    EXPECT_EQ(CKTTextFileRead(Path("ansi.sql").c_str(), false).GetError(), TEXTFILEERROR_UNDECODABLE);
     Put(Path("wide.sql"), Utf16("x", true));
-    CKTTextFileRead marked(Path("wide.sql").c_str(), false);
-    EXPECT_EQ(marked.GetEncoding(), TEXTENCODING_UTF16LE);
+    EXPECT_EQ(CKTTextFileRead(Path("wide.sql").c_str(), false).GetEncoding(), TEXTENCODING_UTF16LE);
 
     Put(Path("a.sql"), "x");
     CKTTextFileRead file(Path("a.sql").c_str());

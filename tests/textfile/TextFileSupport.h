@@ -1,7 +1,6 @@
 #pragma once
-// Shared helpers of the text file tests: a scratch folder, raw file access, and the sample texts
-// with their bytes in each legacy code page, taken from the published code page tables rather
-// than from the converter under test.
+// Text file test helpers: scratch folder, raw file access, and legacy code page samples whose bytes
+// come from the published code page tables, not from the converter under test.
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -46,10 +45,9 @@ protected:
     }
     static std::string Get(const std::string& path) {
         std::ifstream in(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
+        return {std::istreambuf_iterator<char>(in), {}};
     }
-    // Every entry of the scratch folder, hidden ones included, so that a left-over temporary
-    // file shows.
+    // Every scratch folder entry, hidden ones included, so that a left-over temporary file shows.
     QStringList Entries() const {
         return QDir(dir_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
                                            QDir::NoDotAndDotDot);

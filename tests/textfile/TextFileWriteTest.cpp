@@ -1,16 +1,15 @@
-// Writing: conversion into each encoding, refusal of characters an encoding lacks, and saves
-// that fail at any step without touching the old file or leaving a temporary one.
+// Writing: conversion per encoding, refused characters, and failed saves that leave no trace.
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <vector>
 
 #include "TextFileSupport.h"
 
 namespace {
 
-// Writes the text in three pieces, cut twice inside the first non-ASCII character of the
-// samples, as a caller streaming text may.
+// Writes the text in three pieces, cut twice inside the samples' first non-ASCII character.
 bool Save(const std::string& path, const std::string& text, TEXTENCODING encoding, int codePage = 0) {
     CKTTextFileWrite file(path.c_str(), encoding, codePage);
     const size_t cut1 = std::min<size_t>(4, text.size()), cut2 = std::min<size_t>(5, text.size());
@@ -19,39 +18,29 @@ bool Save(const std::string& path, const std::string& text, TEXTENCODING encodin
            file.Close();
 }
 
-bool IsRoot() { return geteuid() == 0; }
-
 }  // namespace
 
 TEST_F(TextFileTest, EachEncodingRoundTripsByteForByte) {
-    const struct { TEXTENCODING encoding; std::string bytes; } unicode[] = {
-        {TEXTENCODING_UTF8, kMixedText},
-        {TEXTENCODING_UTF8_BOM, std::string("\xEF\xBB\xBF") + kMixedText},
-        {TEXTENCODING_UTF16LE, Utf16(kMixedText, true)},
-        {TEXTENCODING_UTF16BE, Utf16(kMixedText, false)},
-    };
-    for (const auto& c : unicode) {
-        SCOPED_TRACE(c.encoding);
-        ASSERT_TRUE(Save(Path("a.sql"), kMixedText, c.encoding));
-        ASSERT_EQ(Get(Path("a.sql")), c.bytes);
-        CKTTextFileRead read(Path("a.sql").c_str());
+    struct Case { TEXTENCODING encoding; int codePage; const char* text; std::string bytes; };
+    std::vector<Case> cases = {
+        {TEXTENCODING_UTF8, 0, kMixedText, kMixedText},
+        {TEXTENCODING_UTF8_BOM, 0, kMixedText, std::string("\xEF\xBB\xBF") + kMixedText},
+        {TEXTENCODING_UTF16LE, 0, kMixedText, Utf16(kMixedText, true)},
+        {TEXTENCODING_UTF16BE, 0, kMixedText, Utf16(kMixedText, false)}};
+    for (const LegacySample& sample : kLegacySamples)
+        cases.push_back({TEXTENCODING_ANSI, sample.codePage, sample.utf8, sample.bytes});
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.encoding << "/" << c.codePage);
+        const std::string path = Path(c.codePage ? "b.sql" : "a.sql");
+        ASSERT_TRUE(Save(path, c.text, c.encoding, c.codePage));
+        ASSERT_EQ(Get(path), c.bytes);
+        CKTTextFileRead read(path.c_str(), true, true, c.codePage);
         CString text;
         ASSERT_TRUE(read.Read(text, "\r\n"));
-        EXPECT_EQ(text, kMixedText);
+        EXPECT_EQ(text, c.text);
         EXPECT_EQ(read.GetEncoding(), c.encoding);
-        ASSERT_TRUE(Save(Path("a.sql"), text.str(), read.GetEncoding()));
-        EXPECT_EQ(Get(Path("a.sql")), c.bytes);
-    }
-    for (const LegacySample& sample : kLegacySamples) {
-        SCOPED_TRACE(sample.codePage);
-        ASSERT_TRUE(Save(Path("b.sql"), sample.utf8, TEXTENCODING_ANSI, sample.codePage));
-        ASSERT_EQ(Get(Path("b.sql")), sample.bytes);
-        CKTTextFileRead read(Path("b.sql").c_str(), true, true, sample.codePage);
-        CString text;
-        ASSERT_TRUE(read.Read(text, "\r\n"));
-        EXPECT_EQ(text, sample.utf8);
-        ASSERT_TRUE(Save(Path("b.sql"), text.str(), read.GetEncoding(), read.GetCodePage()));
-        EXPECT_EQ(Get(Path("b.sql")), sample.bytes);
+        ASSERT_TRUE(Save(path, text.str(), read.GetEncoding(), c.codePage ? read.GetCodePage() : 0));
+        EXPECT_EQ(Get(path), c.bytes);
     }
     // Without a code page, ANSI is the system language's.
     setenv("QUILLBOX_LANGID", "1041", 1);
@@ -202,24 +191,19 @@ TEST_F(TextFileTest, ReplacingKeepsPermissionsAndSymbolicLinks) {
 }
 
 TEST_F(TextFileTest, PermissionDeniedFailsCleanly) {
-    if (IsRoot()) GTEST_SKIP() << "root ignores permission bits; injected failures cover this";
+    if (geteuid() == 0) GTEST_SKIP() << "root ignores permission bits; injected failures cover this";
     Put(Path("locked.sql"), "secret");
     ASSERT_EQ(chmod(Path("locked.sql").c_str(), 0), 0);
-    CKTTextFileRead unreadable(Path("locked.sql").c_str());
-    EXPECT_EQ(unreadable.GetError(), TEXTFILEERROR_PERMISSION);
-
+    EXPECT_EQ(CKTTextFileRead(Path("locked.sql").c_str()).GetError(), TEXTFILEERROR_PERMISSION);
     Put(Path("a.sql"), "old text");
-    ASSERT_EQ(chmod(Path("a.sql").c_str(), 0444), 0);
-    CKTTextFileWrite readOnlyFile(Path("a.sql").c_str(), TEXTENCODING_UTF8);
-    EXPECT_EQ(readOnlyFile.GetError(), TEXTFILEERROR_PERMISSION);
-    ASSERT_EQ(chmod(Path("a.sql").c_str(), 0644), 0);
-
     const std::string folder = dir_.path().toStdString();
-    ASSERT_EQ(chmod(folder.c_str(), 0555), 0);
-    CKTTextFileWrite readOnlyFolder(Path("new.sql").c_str(), TEXTENCODING_UTF8);
-    EXPECT_EQ(readOnlyFolder.GetError(), TEXTFILEERROR_PERMISSION);
-    ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
-
+    // A read-only file, then a read-only folder.
+    for (const auto& [locked, target] : {std::pair{Path("a.sql"), "a.sql"}, std::pair{folder, "new.sql"}}) {
+        const bool isFile = locked != folder;
+        ASSERT_EQ(chmod(locked.c_str(), isFile ? 0444 : 0555), 0);
+        EXPECT_EQ(CKTTextFileWrite(Path(target).c_str(), TEXTENCODING_UTF8).GetError(), TEXTFILEERROR_PERMISSION);
+        ASSERT_EQ(chmod(locked.c_str(), isFile ? 0644 : 0755), 0);
+    }
     // The folder turns read-only while the save is under way.
     for (bool unnamed : {true, false}) {
         CKTTextFileFaults::AllowUnnamedTemp(unnamed);
