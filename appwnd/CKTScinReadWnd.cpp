@@ -57,11 +57,15 @@ void CKTScinReadWnd::AppendText(CString text) {
 }
 
 void CKTScinReadWnd::AppendText(CString text, int maxLines, int slack, bool scrollToEnd) {
+    if (maxLines <= slack) {
+        // No room above the slack: the whole document is replaced, through the guarded SetText.
+        SetText(std::move(text), 0);
+        if (scrollToEnd) SendEditor(SCI_DOCUMENTEND);
+        return;
+    }
     startChange();
-    // With no room above the slack the base replaces the whole document.
-    const bool replaces = maxLines <= slack;
     AppendTextWithLimit(text, maxLines, slack, scrollToEnd);
-    finishChange(replaces ? 1 : lineBeforeAppend(text));
+    finishChange(lineBeforeAppend(text));
 }
 
 void CKTScinReadWnd::ClearContent() {

@@ -27,7 +27,7 @@ public:
     // Makes the engine window (on failure offers the launcher and gives 0), then brings it
     // to a styled editor with the user's options. The creation context is not used.
     int Create(const char* name, DWORD style, const RECT& rect, CWnd* parent, UINT id) override;
-    int Create(const char* name, DWORD style, const RECT& rect, CWnd* parent, UINT id, CCreateContext*) {
+    virtual int Create(const char* name, DWORD style, const RECT& rect, CWnd* parent, UINT id, CCreateContext*) {
         return Create(name, style, rect, parent, id);
     }
 
