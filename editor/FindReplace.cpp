@@ -207,30 +207,38 @@ int CScintillaWnd::FindInTarget(char const* text, int length, int start, int end
     return int(position);
 }
 
-void CScintillaWnd::Find() {
-    if (!findDialog) findDialog = std::make_unique<CFindTextDlg>(this);
-    if (!findDialog->GetSafeHwnd() && !findDialog->Create(CFindTextDlg::IDD, this)) {
-        findDialog.reset();
-        return;
+namespace {
+// Shows a modeless dialog, made on first use and kept, so its fields survive between showings;
+// null when its window cannot be made.
+template <typename Dialog>
+Dialog* showModeless(std::unique_ptr<Dialog>& dialog, CScintillaWnd* owner) {
+    if (!dialog) dialog = std::make_unique<Dialog>(owner);
+    if (!dialog->GetSafeHwnd() && !dialog->Create(Dialog::IDD, owner)) {
+        dialog.reset();
+        return nullptr;
     }
-    findDialog->ShowWindow(SW_SHOW);
+    dialog->ShowWindow(SW_SHOW);
+    return dialog.get();
+}
+
+// Puts the find text at the top of a dialog's find combo, selected and ready to overtype.
+void offerFindText(CMemComboBox& combo, const CString& text) {
+    combo.Fill(text);
+    combo.SetFocus();
+    combo.SetEditSel(0, int(text.toQString().size()));
+}
+}  // namespace
+
+void CScintillaWnd::Find() {
+    if (!showModeless(findDialog, this)) return;
     selectionIntoFind(true);
-    findDialog->findCombo.Fill(findText);
-    findDialog->findCombo.SetFocus();
-    findDialog->findCombo.SetEditSel(0, int(findText.toQString().size()));
+    offerFindText(findDialog->findCombo, findText);
 }
 
 void CScintillaWnd::Replace() {
-    if (!replaceDialog) replaceDialog = std::make_unique<CEditReplaceDlg>(this);
-    if (!replaceDialog->GetSafeHwnd() && !replaceDialog->Create(CEditReplaceDlg::IDD, this)) {
-        replaceDialog.reset();
-        return;
-    }
-    replaceDialog->ShowWindow(SW_SHOW);
+    if (!showModeless(replaceDialog, this)) return;
     selectionIntoFind(true);
-    replaceDialog->findCombo.Fill(findText);
-    replaceDialog->findCombo.SetFocus();
-    replaceDialog->findCombo.SetEditSel(0, int(findText.toQString().size()));
+    offerFindText(replaceDialog->findCombo, findText);
     replaceDialog->findText = findText;
     const bool selection = IsSelection() != 0;
     replaceDialog->PrepareForShow(selection ? 1 : 0, selection ? 0 : 1);
