@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "CMenu.h"
+#include "CodeLanguages.h"
 #include "CommandIds.h"
 
 namespace {
@@ -72,6 +73,14 @@ Items bookmarkGroup() {
             command(cmd::ClearAllBookmarks, QT_TRANSLATE_NOOP("Quillbox", "Clear All Bookmarks\tCtrl+Shift+F2"))};
 }
 
+// A code popup of the SQL window: the command for the chosen language, then one entry per
+// language, in the languages' own order.
+Items codeLanguageRows(UINT selectedCommand, const char* selectedText, unsigned int CodeLanguage::*menuId) {
+    Items items{command(selectedCommand, selectedText), kSeparator};
+    for (const CodeLanguage& language : CodeLanguages()) items.push_back(command(language.*menuId, language.menuLabel));
+    return items;
+}
+
 // The editing rows that open the editor's and the SQL window's menus.
 Items editingRows() {
     return {command(cmd::EditUndo, QT_TRANSLATE_NOOP("Quillbox", "&Undo\tCtrl+Z")),
@@ -113,29 +122,11 @@ Items readOnlyMenu() {
 Items sqlMenu() {
     Items items = editingRows();
     items.push_back(popup(QT_TRANSLATE_NOOP("Quillbox", "Copy to Clipboard"),
-                          {command(cmd::MakeCode, QT_TRANSLATE_NOOP("Quillbox", "Copy as Selected Code\tCtrl+Shift+C")),
-                           kSeparator,
-                           command(8181, QT_TRANSLATE_NOOP("Quillbox", "Visual Basic Code")),
-                           command(8195, QT_TRANSLATE_NOOP("Quillbox", "Visual C/C++ Code")),
-                           command(8182, QT_TRANSLATE_NOOP("Quillbox", "C/C++ Code")),
-                           command(8196, QT_TRANSLATE_NOOP("Quillbox", "C# Code")),
-                           command(8183, QT_TRANSLATE_NOOP("Quillbox", "PowerBuilder Code")),
-                           command(8187, QT_TRANSLATE_NOOP("Quillbox", "Delphi Code")),
-                           command(8189, QT_TRANSLATE_NOOP("Quillbox", "Java Code")),
-                           command(8191, QT_TRANSLATE_NOOP("Quillbox", "Perl Code")),
-                           command(8193, QT_TRANSLATE_NOOP("Quillbox", "PHP Code"))}));
+                          codeLanguageRows(cmd::MakeCode, QT_TRANSLATE_NOOP("Quillbox", "Copy as Selected Code\tCtrl+Shift+C"),
+                                           &CodeLanguage::copyMenuId)));
     items.push_back(popup(QT_TRANSLATE_NOOP("Quillbox", "Paste from Clipboard"),
-                          {command(cmd::StripCode, QT_TRANSLATE_NOOP("Quillbox", "Paste from Selected Code\tCtrl+Shift+V")),
-                           kSeparator,
-                           command(8184, QT_TRANSLATE_NOOP("Quillbox", "Visual Basic Code")),
-                           command(8197, QT_TRANSLATE_NOOP("Quillbox", "Visual C/C++ Code")),
-                           command(8185, QT_TRANSLATE_NOOP("Quillbox", "C/C++ Code")),
-                           command(8198, QT_TRANSLATE_NOOP("Quillbox", "C# Code")),
-                           command(8186, QT_TRANSLATE_NOOP("Quillbox", "PowerBuilder Code")),
-                           command(8188, QT_TRANSLATE_NOOP("Quillbox", "Delphi Code")),
-                           command(8190, QT_TRANSLATE_NOOP("Quillbox", "Java Code")),
-                           command(8192, QT_TRANSLATE_NOOP("Quillbox", "Perl Code")),
-                           command(8194, QT_TRANSLATE_NOOP("Quillbox", "PHP Code"))}));
+                          codeLanguageRows(cmd::StripCode, QT_TRANSLATE_NOOP("Quillbox", "Paste from Selected Code\tCtrl+Shift+V"),
+                                           &CodeLanguage::pasteMenuId)));
     items.push_back(kSeparator);
     items.push_back(command(cmd::Comment, QT_TRANSLATE_NOOP("Quillbox", "Co&mment\tCtrl+-")));
     items.push_back(command(cmd::Uncomment, QT_TRANSLATE_NOOP("Quillbox", "U&ncomment\tCtrl+Shift+-")));

@@ -1,19 +1,21 @@
 #include "CodeLanguages.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 using enum PasteRoutine;
 
 constexpr CodeLanguage kLanguages[] = {
-    {LangVb, "Visual Basic", "Visual Basic Code", "Visual Basic", 8181, 8184, Language, '"'},
-    {LangMfc, "Visual C/C++", "Visual C/C++ Code", "MFC", 8195, 8197, CFamily, 0},
-    {LangC, "C/C++", "C/C++ Code", "C/C++", 8182, 8185, CFamily, 0},
-    {LangCs, "C#", "C# Code", "C#", 8196, 8198, Java, 0},
-    {LangPb, "PowerBuilder", "PowerBuilder Code", "PowerBuilder", 8183, 8186, Language, '~'},
-    {LangDelphi, "Delphi", "Delphi Code", "Delphi", 8187, 8188, Language, '\''},
-    {LangJava, "Java", "Java Code", "Java", 8189, 8190, Java, 0},
-    {LangPerl, "Perl", "Perl Code", "Perl", 8191, 8192, Language, '\\'},
-    {LangPHP, "PHP", "PHP Code", "PHP", 8193, 8194, Language, '\\'},
+    {LangVb, "Visual Basic", QT_TRANSLATE_NOOP("Quillbox", "Visual Basic Code"), "Visual Basic", 8181, 8184, Language, '"'},
+    {LangMfc, "Visual C/C++", QT_TRANSLATE_NOOP("Quillbox", "Visual C/C++ Code"), "MFC", 8195, 8197, CFamily, 0},
+    {LangC, "C/C++", QT_TRANSLATE_NOOP("Quillbox", "C/C++ Code"), "C/C++", 8182, 8185, CFamily, 0},
+    {LangCs, "C#", QT_TRANSLATE_NOOP("Quillbox", "C# Code"), "C#", 8196, 8198, Java, 0},
+    {LangPb, "PowerBuilder", QT_TRANSLATE_NOOP("Quillbox", "PowerBuilder Code"), "PowerBuilder", 8183, 8186, Language, '~'},
+    {LangDelphi, "Delphi", QT_TRANSLATE_NOOP("Quillbox", "Delphi Code"), "Delphi", 8187, 8188, Language, '\''},
+    {LangJava, "Java", QT_TRANSLATE_NOOP("Quillbox", "Java Code"), "Java", 8189, 8190, Java, 0},
+    {LangPerl, "Perl", QT_TRANSLATE_NOOP("Quillbox", "Perl Code"), "Perl", 8191, 8192, Language, '\\'},
+    {LangPHP, "PHP", QT_TRANSLATE_NOOP("Quillbox", "PHP Code"), "PHP", 8193, 8194, Language, '\\'},
 };
 
 CString prompt(int code, const char* action) {
