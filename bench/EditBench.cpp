@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <cstdlib>
+#include <memory>
 
 #include "BenchSupport.h"
 #include "CKTScinReadWnd.h"
@@ -152,62 +153,53 @@ void plainAppendWithLimit(Plain& plain, const CString& line, int count) {
     }
 }
 
-// (4) 100,000 one-line appends with a 10,000-line limit (an output viewer's load).
-void BM_AppendWithLimit(benchmark::State& state) {
-    constexpr int kAppends = 100000;
-    constexpr int kPlainAppends = 5000;
+// Times `appends` one-line appends with a 10,000-line limit through `append` (made ready by
+// `setUp` outside the timing), beside plain QScintilla's bare append and trim of `plainAppends`
+// lines, scaled to the same count.
+template <typename SetUp>
+void appendBenchmark(benchmark::State& state, int appends, int plainAppends, SetUp setUp) {
     const CString line("2026-11-23 10:00:00 INFO statement executed: 42 rows affected\r\n");
     double ours = 0, stock = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        EditorOnFrame host(0);
+        auto append = setUp();
         Plain plain;
         state.ResumeTiming();
         ours = TimeMs([&] {
-            for (int i = 0; i < kAppends; ++i) host.editor->AppendTextWithLimit(line, 10000, 100, false);
+            for (int i = 0; i < appends; ++i) append(line);
         });
-        stock = TimeMs([&] {
-            plainAppendWithLimit(plain, line, kPlainAppends);
-        });
+        stock = TimeMs([&] { plainAppendWithLimit(plain, line, plainAppends); });
         state.SetIterationTime(ours / 1000.0);
     }
-    const double plainScaled = stock * double(kAppends) / kPlainAppends;
-    state.counters["quillbox_lines_per_s"] = kAppends / (ours / 1000.0);
+    const double plainScaled = stock * double(appends) / plainAppends;
+    state.counters["quillbox_lines_per_s"] = appends / (ours / 1000.0);
     state.counters["quillbox_ms"] = ours;
     state.counters["plain_scaled_ms"] = plainScaled;
     state.counters["ratio"] = ours / plainScaled;
 }
 
+// (4) 100,000 one-line appends with a 10,000-line limit (an output window's load).
+void BM_AppendWithLimit(benchmark::State& state) {
+    appendBenchmark(state, 100000, 5000, [] {
+        auto host = std::make_shared<EditorOnFrame>(0);
+        return [host](const CString& line) { host->editor->AppendTextWithLimit(line, 10000, 100, false); };
+    });
+}
+
 // The read-only viewer pouring output: each append lifts read-only, trims, appends, widens
-// the scroll range over the lines it touched and updates the view. Beside it, plain QScintilla
-// doing the bare append and trim.
+// the scroll range over the lines it touched and updates the view.
 void BM_ViewerAppendWithLimit(benchmark::State& state) {
-    constexpr int kAppends = 20000;
-    constexpr int kPlainAppends = 2000;
-    const CString line("2026-11-23 10:00:00 INFO statement executed: 42 rows affected\r\n");
-    double ours = 0, stock = 0;
-    for (auto _ : state) {
-        state.PauseTiming();
-        CWnd frame;
-        frame.CreateEx(0, "QuillboxFrame", "bench", WS_VISIBLE, RECT{0, 0, 800, 600}, nullptr, 0);
-        CKTScinReadWnd viewer;
+    appendBenchmark(state, 20000, 2000, [] {
+        struct Viewer {
+            CWnd frame;
+            CKTScinReadWnd viewer;
+        };
+        auto host = std::make_shared<Viewer>();
+        host->frame.CreateEx(0, "QuillboxFrame", "bench", WS_VISIBLE, RECT{0, 0, 800, 600}, nullptr, 0);
         CRect rect(0, 0, 780, 580);
-        viewer.Create("output", rect, &frame, 0);
-        Plain plain;
-        state.ResumeTiming();
-        ours = TimeMs([&] {
-            for (int i = 0; i < kAppends; ++i) viewer.AppendText(line, 10000, 100, false);
-        });
-        stock = TimeMs([&] {
-            plainAppendWithLimit(plain, line, kPlainAppends);
-        });
-        state.SetIterationTime(ours / 1000.0);
-    }
-    const double plainScaled = stock * double(kAppends) / kPlainAppends;
-    state.counters["viewer_lines_per_s"] = kAppends / (ours / 1000.0);
-    state.counters["viewer_ms"] = ours;
-    state.counters["plain_scaled_ms"] = plainScaled;
-    state.counters["ratio"] = ours / plainScaled;
+        host->viewer.Create("output", rect, &host->frame, 0);
+        return [host](const CString& line) { host->viewer.AppendText(line, 10000, 100, false); };
+    });
 }
 }  // namespace
 
