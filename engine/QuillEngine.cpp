@@ -1,6 +1,5 @@
 #include "QuillEngine.h"
 
-#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -11,6 +10,7 @@
 
 #include "CMenu.h"
 #include "CWnd.h"
+#include "EngineAccessible.h"
 #include "EngineExtensions.h"
 #include "KeyCodes.h"
 #include "OleData.h"
@@ -27,11 +27,12 @@ constexpr long kPerformedFlags = kFlagBits & ~long(SC_STARTACTION);
 // The mask the engine itself gets for what the host asked: no insert or delete and no flag
 // bits, which QScintilla would answer with a scan of the document; the "before"
 // notifications stand in for inserts and deletes. A host that asked for a flag gets every
-// other kind of change, filtered afterwards by the engine's own rule (type & mask).
-long engineMaskFor(long hostMask) {
+// other kind of change, filtered afterwards by the engine's own rule (type & mask). While
+// assistive technology listens, the layer hears every insert and delete for it.
+long engineMaskFor(long hostMask, bool assistiveTechnology) {
     long mask = hostMask & ~(kInsertOrDelete | kFlagBits);
     if (hostMask & kFlagBits) mask = SC_MODEVENTMASKALL & ~(kInsertOrDelete | kFlagBits);
-    if (hostMask & (kInsertOrDelete | kFlagBits)) mask |= kBeforeInsertOrDelete;
+    if ((hostMask & (kInsertOrDelete | kFlagBits)) || assistiveTechnology) mask |= kBeforeInsertOrDelete;
     return mask;
 }
 
@@ -62,7 +63,13 @@ QuillEngine::QuillEngine(CWnd* owner, QWidget* parent)
     directPointer_ = reinterpret_cast<std::intptr_t>(SendScintillaPtrResult(SCI_GETDIRECTPOINTER));
     // The document is always UTF-8: QScintilla on Qt 6 shows and accepts nothing else.
     direct(SCI_SETCODEPAGE, SC_CP_UTF8);
-    direct(SCI_SETMODEVENTMASK, WPARAM(engineMaskFor(hostMask_)));
+    setModEventMask(hostMask_);
+    // Colouring runs in slices: a paint styles what one short slice allows and idle time
+    // styles on up to what shows, while the window keeps answering. A jump to the end of a
+    // large document shows at once and is coloured moments later; nothing beyond the view
+    // is coloured before it is needed.
+    direct(SCI_SETIDLESTYLING, SC_IDLESTYLING_TOVISIBLE);
+    EngineAccessible::install();
     connectSignals();
 }
 
@@ -79,6 +86,7 @@ void QuillEngine::unregisterWindowClass() { UnregisterWindowClass("Scintilla"); 
 long QuillEngine::send(UINT message, WPARAM wParam, LPARAM lParam) {
     // A change left pending by a caller that reached the engine directly completes first.
     if (pending_.active) flushPendingChange();
+    followAssistiveTechnology();
     long result;
     switch (message) {
         case SCI_DELETERANGE_EXT: result = deleteRange(long(wParam), long(lParam)); break;
@@ -186,7 +194,8 @@ long QuillEngine::appendToList(const char* more) {
 
 void QuillEngine::setModEventMask(long mask) {
     hostMask_ = mask;
-    direct(SCI_SETMODEVENTMASK, WPARAM(engineMaskFor(mask)));
+    maskHearsAssistiveTechnology_ = EngineAccessible::listening();
+    direct(SCI_SETMODEVENTMASK, WPARAM(engineMaskFor(mask, maskHearsAssistiveTechnology_)));
 }
 
 void QuillEngine::emitNotification(UINT code) {
@@ -219,6 +228,7 @@ void QuillEngine::connectSignals() {
         deliver(r);
     });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
+        EngineAccessible::uiUpdated(this);
         SCNotification r;
         r.nmhdr.code = ::SCN_UPDATEUI;
         r.updated = updated;
@@ -251,7 +261,8 @@ void QuillEngine::onModified(int position, int type, const char* text, int lengt
     if (type & kBeforeInsertOrDelete) {
         const bool insert = type & SC_MOD_BEFOREINSERT;
         const int changeType = int(insert ? SC_MOD_INSERTTEXT : SC_MOD_DELETETEXT) | (type & int(kPerformedFlags));
-        if (changeType & hostMask_) {
+        // Assistive technology hears of every change, whatever the host asked for.
+        if ((changeType & hostMask_) || maskHearsAssistiveTechnology_) {
             pending_.active = true;
             pending_.type = changeType;
             pending_.position = position;
@@ -304,20 +315,8 @@ void QuillEngine::flushPendingChange() {
     else
         r.text = change.deletedText.c_str();
 
-    // Assistive technology is told of the change only while it listens: converting the byte
-    // position into a character offset costs a scan of the document up to the change.
-    if (QAccessible::isActive()) {
-        const int offset = int(direct(SCI_COUNTCHARACTERS, 0, LPARAM(change.position)));
-        const QString changed = QString::fromUtf8(r.text, qsizetype(change.length));
-        if (insert) {
-            QAccessibleTextInsertEvent event(this, offset, changed);
-            QAccessible::updateAccessibility(&event);
-        } else {
-            QAccessibleTextRemoveEvent event(this, offset, changed);
-            QAccessible::updateAccessibility(&event);
-        }
-    }
-    deliver(r);
+    EngineAccessible::textChanged(this, insert, change.position, r.text, change.length);
+    if (change.type & hostMask_) deliver(r);
 }
 
 void QuillEngine::deliver(SCNotification& record) {
@@ -348,7 +347,12 @@ MSG keyMessage(QWidget* window, QKeyEvent* e) {
 }
 }  // namespace
 
+void QuillEngine::followAssistiveTechnology() {
+    if (EngineAccessible::listening() != maskHearsAssistiveTechnology_) setModEventMask(hostMask_);
+}
+
 bool QuillEngine::event(QEvent* e) {
+    followAssistiveTechnology();
     if (e->type() == QEvent::ShortcutOverride && owner_) {
         // A key the window translates itself must reach it before any shortcut of the host.
         MSG msg = keyMessage(this, static_cast<QKeyEvent*>(e));

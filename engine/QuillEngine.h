@@ -31,9 +31,11 @@ public:
         std::uint64_t messages = 0;      // messages that reached the engine
         std::uint64_t bytesCopied = 0;   // bytes the link copied for notifications
         std::uint64_t notifications = 0; // records delivered to the owner
+        std::uint64_t bytesCounted = 0;  // bytes walked to turn positions into character offsets
     };
     const Counters& counters() const { return counters_; }
     void resetCounters() { counters_ = Counters{}; }
+    void countScanned(std::uint64_t bytes) { counters_.bytesCounted += bytes; }
 
     // Registers the window class "Scintilla", whose windows are QuillEngines.
     static bool registerWindowClass();
@@ -61,6 +63,9 @@ private:
     long appendToList(const char* more);
     long changeCase(WPARAM mode);
     void setModEventMask(long mask);
+    // Asks the engine for the changes assistive technology needs when it starts or stops
+    // listening.
+    void followAssistiveTechnology();
 
     void connectSignals();
     void deliver(SCNotification& record);
@@ -85,6 +90,7 @@ private:
     long listItems_ = 0;
 
     long hostMask_;
+    bool maskHearsAssistiveTechnology_ = false;
     struct PendingChange {
         bool active = false;
         int type = 0;             // SC_MOD_INSERTTEXT or SC_MOD_DELETETEXT, with performed flags

@@ -1,7 +1,10 @@
 // What the engine layer adds to Scintilla: case modes, typed-character records, edits of constant cost.
+#include <QAccessible>
 #include <QTest>
+#include <optional>
 
 #include "EditorFixture.h"
+#include "EngineAccessible.h"
 #include "EngineExtensions.h"
 
 TEST(CaseModes, WorkOnWholeUtf8Characters) {
@@ -105,4 +108,118 @@ TEST_F(EditorTest, TheEngineNeverReportsInsertsOrDeletesToQScintillasScanningPat
         EXPECT_EQ(changes, expected) << "mask " << mask;
     }
     EXPECT_EQ(scanningNotifications, 0);
+}
+
+namespace {
+// Collects what assistive technology would hear while it is switched on for one scope.
+struct ListeningAssistiveTechnology {
+    struct Heard { QAccessible::Event type; int offset; QString text; };
+    static inline std::vector<Heard> heard;
+    EngineAccessible::Listener previous;
+    ListeningAssistiveTechnology() {
+        heard.clear();
+        previous = EngineAccessible::installListener([](QAccessibleEvent* event) {
+            Heard h{event->type(), -1, {}};
+            if (event->type() == QAccessible::TextCaretMoved)
+                h.offset = static_cast<QAccessibleTextCursorEvent*>(event)->cursorPosition();
+            else if (event->type() == QAccessible::TextInserted) {
+                h.offset = static_cast<QAccessibleTextInsertEvent*>(event)->changePosition();
+                h.text = static_cast<QAccessibleTextInsertEvent*>(event)->textInserted();
+            } else if (event->type() == QAccessible::TextRemoved) {
+                h.offset = static_cast<QAccessibleTextRemoveEvent*>(event)->changePosition();
+                h.text = static_cast<QAccessibleTextRemoveEvent*>(event)->textRemoved();
+            }
+            heard.push_back(h);
+        });
+    }
+    ~ListeningAssistiveTechnology() { EngineAccessible::installListener(previous); }
+    static std::vector<Heard> of(QAccessible::Event type) {
+        std::vector<Heard> out;
+        for (const Heard& h : heard)
+            if (h.type == type) out.push_back(h);
+        return out;
+    }
+};
+
+// A document of about `bytes` bytes whose lines hold characters of one, two, three and four
+// UTF-8 bytes (the last two UTF-16 units), so that bytes, characters and offsets all differ.
+std::string mixedDocument(size_t bytes) {
+    std::string content;
+    content.reserve(bytes + 64);
+    while (content.size() < bytes) content += "select '한글 \xF0\x9F\x98\x80 é' from t;\n";
+    return content;
+}
+}  // namespace
+
+TEST_F(EditorTest, AssistiveTechnologyHearsOffsetsThatCostTheSameInAnyDocument) {
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(editor->engine());
+    ASSERT_NE(dynamic_cast<EngineAccessible*>(accessible), nullptr) << "QScintilla's own object answered";
+    QAccessibleTextInterface* text = accessible->textInterface();
+    ASSERT_NE(text, nullptr);
+
+    // One key typed at the end and one in the middle; what was counted, and what was heard.
+    auto typeIn = [&](size_t documentBytes, bool listening) {
+        const std::string content = mixedDocument(documentBytes);
+        editor->SetText(CString(content), 0);
+        QuillEngine::Counters cost;
+        for (long position : {long(content.size()), long(content.find('\n', content.size() / 2) + 1)}) {
+            send(SCI_GOTOPOS, WPARAM(position));
+            QApplication::processEvents();
+            std::optional<ListeningAssistiveTechnology> at;
+            if (listening) {
+                at.emplace();
+                text->cursorPosition();  // the engine's index of offsets is made on first use
+            }
+            editor->engine()->resetCounters();
+            for (Qt::Key key : {Qt::Key_X, Qt::Key_Backspace}) {
+                QTest::keyClick(editor->GetSafeHwnd(), key);
+                QApplication::processEvents();  // the paint that tells of the caret's move
+            }
+            const QuillEngine::Counters& c = editor->engine()->counters();
+            cost.messages += c.messages, cost.bytesCounted += c.bytesCounted;
+            if (!listening) continue;
+            const int expected = int(QString::fromUtf8(content.data(), qsizetype(position)).size());
+            const auto inserted = at->of(QAccessible::TextInserted), removed = at->of(QAccessible::TextRemoved),
+                       moved = at->of(QAccessible::TextCaretMoved);
+            EXPECT_TRUE(inserted.size() == 1 && inserted[0].offset == expected && inserted[0].text == "x");
+            EXPECT_TRUE(removed.size() == 1 && removed[0].offset == expected && removed[0].text == "x");
+            EXPECT_TRUE(moved.size() == 2 && moved[0].offset == expected + 1 && moved[1].offset == expected);
+            EXPECT_EQ(text->cursorPosition(), expected);
+        }
+        return cost;
+    };
+    for (bool listening : {false, true}) {
+        SCOPED_TRACE(listening ? "listening" : "nobody listening");
+        const QuillEngine::Counters small = typeIn(1 << 20, listening), large = typeIn(8 << 20, listening);
+        EXPECT_EQ(small.messages, large.messages);
+        EXPECT_EQ(small.bytesCounted, large.bytesCounted);
+        if (!listening) {
+            EXPECT_EQ(large.bytesCounted, 0u);
+        }
+    }
+
+    // The text interface in characters of UTF-16, as QString counts them.
+    load("select '한글 \xF0\x9F\x98\x80 é' from t;\nsecond line\n");
+    const QString all = QString::fromUtf8(text->text(0, -1).toUtf8());
+    EXPECT_EQ(all, QString::fromUtf8("select '한글 \xF0\x9F\x98\x80 é' from t;\nsecond line\n"));
+    EXPECT_EQ(text->characterCount(), all.size());
+    EXPECT_EQ(text->text(8, 14), QString::fromUtf8("한글 \xF0\x9F\x98\x80 "));
+    text->setSelection(0, 8, 14);
+    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 8);
+    EXPECT_EQ(send(SCI_GETSELECTIONEND), 8 + 6 + 1 + 4 + 1);
+    int start = -1, end = -1;
+    text->selection(0, &start, &end);
+    EXPECT_TRUE(start == 8 && end == 14);
+    EXPECT_EQ(text->textAtOffset(9, QAccessible::WordBoundary, &start, &end), QString::fromUtf8("한글"));
+    EXPECT_TRUE(start == 8 && end == 10);
+    EXPECT_EQ(text->textAtOffset(all.indexOf("second") + 2, QAccessible::LineBoundary, &start, &end), "second line\n");
+    EXPECT_EQ(text->textAfterOffset(0, QAccessible::LineBoundary, &start, &end), "second line\n");
+    EXPECT_EQ(text->textBeforeOffset(all.indexOf("second"), QAccessible::LineBoundary, &start, &end),
+              all.left(all.indexOf("second")));
+    accessible->editableTextInterface()->replaceText(8, 10, "ab");
+    EXPECT_EQ(text->text(0, 11), "select 'ab ");
+    send(SCI_SETREADONLY, 1);
+    accessible->editableTextInterface()->insertText(0, "no");
+    EXPECT_EQ(text->text(0, 6), "select");
+    EXPECT_TRUE(accessible->state().readOnly);
 }
