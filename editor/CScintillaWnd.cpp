@@ -4,6 +4,7 @@
 
 #include <QMimeData>
 #include <dlfcn.h>
+#include <algorithm>
 #include <exception>
 #include <iterator>
 
@@ -253,6 +254,11 @@ void CScintillaWnd::UpdateUI() {
 }
 
 void CScintillaWnd::Refresh() { SendEditor(SCI_COLOURISE, 0, -1); }
+
+void CScintillaWnd::ensureStyledTo(long position) {
+    const long endStyled = SendEditor(SCI_GETENDSTYLED);
+    if (endStyled < position) SendEditor(SCI_COLOURISE, WPARAM(std::max<long>(endStyled, 0)), position);
+}
 
 void CScintillaWnd::SetLexer(int lexer) { SendEditor(SCI_SETLEXER, WPARAM(lexer)); }
 

@@ -363,6 +363,9 @@ protected:
     // One search of the engine's target from start to end (backward when start > end) under
     // the search flags as they stand; the match's position or -1.
     int FindInTarget(char const* text, int length, int start, int end);
+    // Colours the document up to `position` where it is not coloured yet. Colouring otherwise
+    // follows the view in slices of idle time, so code that reads styles elsewhere asks first.
+    void ensureStyledTo(long position);
     // Replaces the confirmed match, then finds the next.
     void ReplaceOnce();
     // The replacing loop of ReplaceAll(bool), one undo step, without messages.

@@ -194,7 +194,12 @@ int CScintillaWnd::FindInTarget(char const* text, int length, int start, int end
     SendEditor(SCI_SETTARGETSTART, WPARAM(start));
     SendEditor(SCI_SETTARGETEND, WPARAM(end));
     long position = SendEditor(SCI_SEARCHINTARGET, WPARAM(length), reinterpret_cast<LPARAM>(text));
-    while (findInStyle && position != -1 && SendEditor(SCI_GETSTYLEAT, WPARAM(position)) != findStyle) {
+    // A match's style is read once the text up to it is coloured.
+    auto outOfStyle = [this](long at) {
+        ensureStyledTo(at + 1);
+        return SendEditor(SCI_GETSTYLEAT, WPARAM(at)) != findStyle;
+    };
+    while (findInStyle && position != -1 && outOfStyle(position)) {
         if (start < end) {
             SendEditor(SCI_SETTARGETSTART, WPARAM(position + 1));
             SendEditor(SCI_SETTARGETEND, WPARAM(end));

@@ -166,8 +166,7 @@ unsigned int CScintillaWnd::GetLinePartsInStyle(int line, int style1, int style2
     int lineEnd = acc.LineStart(line + 1);
     if (lineEnd < lineStart) lineEnd = acc.Length();
     // Text typed since the last paint may not be lexed yet; its styles are what counts.
-    const long endStyled = SendEditor(SCI_GETENDSTYLED);
-    if (endStyled < lineEnd) SendEditor(SCI_COLOURISE, WPARAM(std::max<long>(endStyled, 0)), lineEnd);
+    ensureStyledTo(lineEnd);
     unsigned int part = 0;
     SString run;
     for (int pos = lineStart; pos < lineEnd; ++pos) {
