@@ -214,16 +214,21 @@ CString CKTSQLEditWnd::GetCurrentQuery() {
 BOOL CKTSQLEditWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const auto* n = reinterpret_cast<const SCNotification*>(lParam);
     if (!n || n->nmhdr.hwndFrom != GetSafeHwnd()) return CKTScinWnd::OnNotify(wParam, lParam, result);
+    // Only the completion events ask the main window for the manager: most notifications
+    // (fold changes while colouring, UI updates) have nothing to do with it.
+    const UINT code = n->nmhdr.code;
+    if (code != SCN_LISTREFRESH_EXT && code != SCN_LISTMORE_EXT && code != SCN_CHARADDED)
+        return CKTScinWnd::OnNotify(wParam, lParam, result);
     CNamekitMgr* manager = completionManager();
-    if (n->nmhdr.code == SCN_LISTREFRESH_EXT) {
+    if (code == SCN_LISTREFRESH_EXT) {
         if (manager) manager->Refresh();
-    } else if (n->nmhdr.code == SCN_LISTMORE_EXT) {
+    } else if (code == SCN_LISTMORE_EXT) {
         CStringArray items;
         if (manager) manager->ShowMore(items);
         const CString more = CKTString::ArrayToString(items, "|", false);
         if (!more.IsEmpty() && directFunction)
             directFunction(directPointer, SCI_APPENDLIST_EXT, 0, reinterpret_cast<std::intptr_t>(applyChangeCase(more).c_str()));
-    } else if (n->nmhdr.code == SCN_CHARADDED && manager) {
+    } else if (manager) {
         // A multi-byte character counts as a letter.
         if (!startsRequest(n->ch) && n->ch2 == 0) {
             cancelList();
