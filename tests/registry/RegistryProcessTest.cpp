@@ -140,7 +140,7 @@ TEST_F(RegistryProcessTest, KilledWriterLeavesCommittedValues) {
     HKEY key = openKey("Software\\Series");
     for (size_t i = 0; i < committed.size(); ++i) {
         ASSERT_EQ(committed[i], i);  // reported in order, none skipped
-        const std::string name = "v" + std::to_string(i);
+        const std::string name = std::string("v").append(std::to_string(i));
         std::vector<BYTE> data(4096);
         DWORD size = DWORD(data.size()), type = 0;
         ASSERT_EQ(RegQueryValueEx(key, name.c_str(), nullptr, &type, data.data(), &size), ERROR_SUCCESS) << name;
