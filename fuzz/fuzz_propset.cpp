@@ -28,12 +28,20 @@ void writeFile(const std::string& name, const void* bytes, std::size_t size) {
     std::fclose(f);
 }
 
+// The import folder goes when the process ends.
+void removeFolder() {
+    for (const char* name : {"a.properties", "b.properties", "in.properties"})
+        unlink((importFolder + "/" + name).c_str());
+    rmdir(importFolder.c_str());
+}
+
 }   // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     char folder[] = "/tmp/fuzz_propset.XXXXXX";
     if (!mkdtemp(folder)) std::abort();
     importFolder = folder;
+    std::atexit(removeFolder);
     const char a[] = "a.x=1\nimport b\nimport in\n";
     const char b[] = "b.x=$(a.x)\nimport a\nimport b\nif a.x\n  import in\n";
     writeFile("a.properties", a, sizeof a - 1);

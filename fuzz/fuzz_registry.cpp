@@ -72,6 +72,13 @@ void walk(HKEY key, bool values) {
 }
 
 HKEY root = nullptr;
+std::string storePath;
+
+// The scratch store goes when the process ends, with SQLite's files beside it.
+void removeStore() {
+    RegSetStorePath(nullptr);
+    for (const char* suffix : {"", "-wal", "-shm"}) unlink((storePath + suffix).c_str());
+}
 
 }  // namespace
 
@@ -81,8 +88,9 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
     if (fd < 0) std::abort();
     close(fd);
     unlink(path);  // the store makes its own file there
+    storePath = path;
     if (!RegSetStorePath(path)) std::abort();
-    std::atexit([] { RegSetStorePath(nullptr); });
+    std::atexit(removeStore);
     return 0;
 }
 
