@@ -108,13 +108,44 @@ struct ValueWalk {
 };
 ValueWalk walk;
 
+// Loads value `index` of the walk as RegLoadVal would, from the enumeration itself: the key's
+// values stay listed between calls, where a load by name would ask the store again.
+bool loadWalked(HKEY key, DWORD index, RegVal* value) {
+    DWORD length = walk.longestName + 1, type = 0, size = 0;
+    if (RegEnumValue(key, index, walk.name, &length, nullptr, &type, nullptr, &size) != ERROR_SUCCESS) return false;
+    if ((type == REG_DWORD && size != sizeof(DWORD)) || (type != REG_DWORD && !isBufferType(type))) return false;
+    void* buffer = allocate(size);
+    if (!buffer) return false;
+    DWORD read = size, readType = 0;
+    length = walk.longestName + 1;
+    if (RegEnumValue(key, index, walk.name, &length, nullptr, &readType, static_cast<BYTE*>(buffer), &read) !=
+            ERROR_SUCCESS ||
+        readType != type) {
+        std::free(buffer);
+        return false;
+    }
+    RegValFree(value);
+    value->type = type;
+    if (type == REG_DWORD) {
+        std::memcpy(&value->number, buffer, sizeof(DWORD));
+        std::free(buffer);
+    } else {
+        value->data = buffer;
+        value->size = read;
+    }
+    return true;
+}
+
 bool walkStep(HKEY key, DWORD index, const char*& name, RegVal* value) {
     DWORD length = walk.longestName + 1;
     if (RegEnumValue(key, index, walk.name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) return false;
     name = walk.name;
     // A value of a kind the records do not hold (a 64-bit number, say) comes back empty
     // (type 0) rather than ending the walk before the values after it.
-    if (!RegLoadVal(key, nullptr, walk.name, value)) RegValInit(value);
+    if (!loadWalked(key, index, value)) {
+        RegValFree(value);
+        RegValInit(value);
+    }
     return true;
 }
 }  // namespace

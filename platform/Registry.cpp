@@ -12,16 +12,39 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+// The values or the sub keys of one key as one walk by index sees them: read whole at the
+// first call, and kept while the store is unchanged, so that a walk reads the key once instead
+// of once per index. Any change invalidates it: a write of this process, a commit of another
+// connection (SQLite's data_version) or a reopening of the store. Each index therefore still
+// sees the key as it stands at that call, as an enumeration by index does.
+struct RegistryListing {
+    struct Entry {
+        std::int64_t id = 0;           // the value's row
+        std::string name;
+        DWORD type = REG_NONE;
+        DWORD size = 0;
+        bool held = false;             // `data` holds the bytes; large ones are read when asked for
+        std::vector<BYTE> data;
+    };
+    bool taken = false;
+    std::uint64_t changes = 0;         // the store's count of changes when it was taken
+    std::int64_t dataVersion = 0;
+    std::vector<Entry> entries;        // creation order
+};
 
 // What a handle stands for: a key row of one opened store, with the rights it was opened with.
 struct RegistryKey {
     std::int64_t id = 0;
     REGSAM access = 0;
     std::uint64_t generation = 0;  // handles of a store that was closed since are invalid
+    RegistryListing values;
+    RegistryListing subKeys;
 };
 
 namespace {
@@ -51,6 +74,9 @@ PRAGMA user_version = 1;
 )sql";
 
 constexpr std::int64_t kLastRootId = 4;
+
+// Value data up to this size is kept in a walk's listing; larger data is read at its index.
+constexpr std::int64_t kListedDataBytes = 4096;
 
 // The row of a predefined root handle, or 0 for any other handle.
 std::int64_t rootId(HKEY key) {
@@ -224,24 +250,20 @@ public:
     LSTATUS run(HKEY key, REGSAM need, bool write, Body&& body) {
         std::lock_guard lock(mutex_);
         Tx tx;
-        if (!key) return ERROR_INVALID_HANDLE;
-        if ((tx.key = rootId(key))) {
-            tx.access = KEY_ALL_ACCESS;
-        } else {
-            auto it = handles_.find(key);
-            if (it == handles_.end() || it->second->generation != generation_) return ERROR_INVALID_HANDLE;
-            tx.key = it->second->id;
-            tx.access = it->second->access;
-        }
+        RegistryKey* record = resolve(key);
+        if (!record) return ERROR_INVALID_HANDLE;
+        tx.key = record->id;
+        tx.access = record->access;
         if ((tx.access & need) != need) return ERROR_ACCESS_DENIED;
         if (LSTATUS rc = openDb(); rc != ERROR_SUCCESS) return rc;
         tx.db = db_;
+        if (write) ++changes_;  // whether it commits or not, walks read afresh
         try {
             exec(db_, write ? "BEGIN IMMEDIATE" : "BEGIN");
             LSTATUS rc = tx.exists(tx.key) ? body(tx) : ERROR_KEY_DELETED;
             exec(db_, rc == ERROR_SUCCESS ? "COMMIT" : "ROLLBACK");
             if (rc == ERROR_SUCCESS && tx.result) {
-                auto handle = std::make_unique<RegistryKey>(RegistryKey{tx.openId, tx.openAccess, generation_});
+                auto handle = std::make_unique<RegistryKey>(RegistryKey{tx.openId, tx.openAccess, generation_, {}, {}});
                 *tx.result = handle.get();
                 handles_.emplace(handle.get(), std::move(handle));
             }
@@ -254,8 +276,104 @@ public:
         }
     }
 
+    // Hands `serve` the key's listing of values (or of sub keys), read afresh when the store
+    // changed since it was taken. `serve` may read the store further (large value data).
+    template <class Serve>
+    LSTATUS walk(HKEY key, REGSAM need, bool values, Serve&& serve) {
+        std::lock_guard lock(mutex_);
+        RegistryKey* record = resolve(key);
+        if (!record) return ERROR_INVALID_HANDLE;
+        if ((record->access & need) != need) return ERROR_ACCESS_DENIED;
+        if (LSTATUS rc = openDb(); rc != ERROR_SUCCESS) return rc;
+        RegistryListing& listing = values ? record->values : record->subKeys;
+        try {
+            if (!listing.taken || listing.changes != changes_ || listing.dataVersion != dataVersion()) {
+                listing.taken = false;
+                exec(db_, "BEGIN");
+                Tx tx;
+                tx.db = db_;
+                tx.key = record->id;
+                if (!tx.exists(tx.key)) {
+                    exec(db_, "ROLLBACK");
+                    return ERROR_KEY_DELETED;
+                }
+                listing.entries.clear();
+                if (values) listValues(tx.key, listing);
+                else listSubKeys(tx.key, listing);
+                listing.dataVersion = dataVersion();
+                exec(db_, "COMMIT");
+                listing.changes = changes_;
+                listing.taken = true;
+            }
+            return serve(listing);
+        } catch (const DbError& e) {
+            listing.taken = false;
+            if (!sqlite3_get_autocommit(db_)) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+            LSTATUS rc = mapError(e.code);
+            if (rc == ERROR_BADDB) closeDb();
+            return rc;
+        } catch (const std::bad_alloc&) {
+            listing = RegistryListing{};
+            if (!sqlite3_get_autocommit(db_)) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+            return ERROR_NOT_ENOUGH_MEMORY;
+        }
+    }
+
+    // The data of a listed value that was too large to keep in the listing; the listing is
+    // current, so the row is there.
+    std::vector<BYTE> valueData(std::int64_t row) {
+        Statement s(db_, "SELECT data FROM vals WHERE id = ?");
+        s.bind(1, row);
+        return s.step() ? s.blob(0) : std::vector<BYTE>();
+    }
+
 private:
-    RegistryStore() = default;
+    RegistryStore() {
+        for (std::int64_t i = 0; i < 4; ++i) roots_[i] = RegistryKey{i + 1, KEY_ALL_ACCESS, 0, {}, {}};
+    }
+
+    // The record of a handle of the open store: a predefined root or an open handle.
+    RegistryKey* resolve(HKEY key) {
+        if (!key) return nullptr;
+        if (std::int64_t root = rootId(key)) return &roots_[root - 1];
+        auto it = handles_.find(key);
+        if (it == handles_.end() || it->second->generation != generation_) return nullptr;
+        return it->second.get();
+    }
+
+    void listValues(std::int64_t key, RegistryListing& listing) {
+        Statement s(db_, "SELECT id, name, type, length(data), "
+                         "CASE WHEN length(data) <= ? THEN data END FROM vals WHERE key = ? ORDER BY id");
+        s.bind(1, kListedDataBytes).bind(2, key);
+        while (s.step()) {
+            RegistryListing::Entry& e = listing.entries.emplace_back();
+            e.id = s.integer(0);
+            e.name = s.text(1);
+            e.type = DWORD(s.integer(2));
+            e.size = DWORD(s.integer(3));
+            e.held = e.size <= kListedDataBytes;
+            if (e.held) e.data = s.blob(4);
+        }
+    }
+
+    void listSubKeys(std::int64_t key, RegistryListing& listing) {
+        Statement s(db_, "SELECT id, name FROM keys WHERE parent = ? ORDER BY id");
+        s.bind(1, key);
+        while (s.step()) {
+            RegistryListing::Entry& e = listing.entries.emplace_back();
+            e.id = s.integer(0);
+            e.name = s.text(1);
+        }
+    }
+
+    // Changes whenever another connection, in this process or another, commits to the file.
+    std::int64_t dataVersion() {
+        if (int rc = sqlite3_reset(dataVersion_); rc != SQLITE_OK) throw DbError{rc};
+        if (int rc = sqlite3_step(dataVersion_); rc != SQLITE_ROW) throw DbError{rc == SQLITE_DONE ? SQLITE_ERROR : rc};
+        std::int64_t version = sqlite3_column_int64(dataVersion_, 0);
+        sqlite3_reset(dataVersion_);
+        return version;
+    }
 
     LSTATUS openDb() {
         if (db_) return ERROR_SUCCESS;
@@ -288,6 +406,12 @@ private:
             sqlite3_close(db);  // rolls back an open transaction
             return mapError(e.code);
         }
+        if (int rc = sqlite3_prepare_v2(db, "PRAGMA data_version", -1, &dataVersion_, nullptr); rc != SQLITE_OK) {
+            sqlite3_finalize(dataVersion_);
+            dataVersion_ = nullptr;
+            sqlite3_close(db);
+            return mapError(rc);
+        }
         db_ = db;
         return ERROR_SUCCESS;
     }
@@ -298,12 +422,18 @@ private:
     }
 
     void closeDb() {
+        sqlite3_finalize(dataVersion_);
+        dataVersion_ = nullptr;
         sqlite3_close(db_);
         db_ = nullptr;
+        ++changes_;  // a new connection counts its data versions anew
     }
 
     std::mutex mutex_;
     sqlite3* db_ = nullptr;
+    sqlite3_stmt* dataVersion_ = nullptr;  // "PRAGMA data_version" on db_
+    std::uint64_t changes_ = 0;            // writes of this process and reopenings of the store
+    RegistryKey roots_[4];
     std::string path_;  // set by RegSetStorePath; empty: the default file
     std::uint64_t generation_ = 1;
     std::map<RegistryKey*, std::unique_ptr<RegistryKey>> handles_;
@@ -346,15 +476,16 @@ bool putName(const std::string& s, char* buffer, DWORD* cch) {
     return true;
 }
 
-// Hands value data to a caller: the size always, the bytes when the buffer holds them.
-LSTATUS putData(const Value& v, DWORD* type, BYTE* data, DWORD* cbData) {
-    if (type) *type = v.type;
+// Hands value data to a caller: the size always, the bytes when the buffer holds them
+// (`bytes` is only read then).
+LSTATUS putData(DWORD valueType, const BYTE* bytes, DWORD size, DWORD* type, BYTE* data, DWORD* cbData) {
+    if (type) *type = valueType;
     if (!cbData) return ERROR_SUCCESS;
     DWORD room = *cbData;
-    *cbData = DWORD(v.data.size());
+    *cbData = size;
     if (!data) return ERROR_SUCCESS;
-    if (room < v.data.size()) return ERROR_MORE_DATA;
-    if (!v.data.empty()) std::memcpy(data, v.data.data(), v.data.size());
+    if (room < size) return ERROR_MORE_DATA;
+    if (size) std::memcpy(data, bytes, size);
     return ERROR_SUCCESS;
 }
 
@@ -411,7 +542,8 @@ LSTATUS RegQueryValueEx(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* d
     if (!n || (data && !cbData)) return ERROR_INVALID_PARAMETER;
     return store().run(key, KEY_QUERY_VALUE, false, [&](Tx& tx) {
         std::optional<Value> v = tx.value(*n);
-        return v ? putData(*v, type, data, cbData) : ERROR_FILE_NOT_FOUND;
+        return v ? putData(v->type, v->data.data(), DWORD(v->data.size()), type, data, cbData)
+                 : ERROR_FILE_NOT_FOUND;
     });
 }
 
@@ -429,24 +561,24 @@ LSTATUS RegSetValueEx(HKEY key, const char* name, DWORD, DWORD type, const BYTE*
 LSTATUS RegEnumValue(HKEY key, DWORD index, char* name, DWORD* cchName, DWORD*, DWORD* type,
                      BYTE* data, DWORD* cbData) {
     if (!name || !cchName || (data && !cbData)) return ERROR_INVALID_PARAMETER;
-    return store().run(key, KEY_QUERY_VALUE, false, [&](Tx& tx) {
-        Statement s(tx.db, "SELECT name, type, data FROM vals WHERE key = ? ORDER BY id LIMIT 1 OFFSET ?");
-        s.bind(1, tx.key).bind(2, std::int64_t(index));
-        if (!s.step()) return ERROR_NO_MORE_ITEMS;
-        Value v{s.text(0), DWORD(s.integer(1)), s.blob(2)};
-        if (!putName(v.name, name, cchName)) return ERROR_MORE_DATA;
-        return putData(v, type, data, cbData);
+    return store().walk(key, KEY_QUERY_VALUE, true, [&](const RegistryListing& listing) {
+        if (index >= listing.entries.size()) return ERROR_NO_MORE_ITEMS;
+        const RegistryListing::Entry& e = listing.entries[index];
+        if (!putName(e.name, name, cchName)) return ERROR_MORE_DATA;
+        if (!e.held && data && *cbData >= e.size) {
+            const std::vector<BYTE> bytes = store().valueData(e.id);
+            return putData(e.type, bytes.data(), DWORD(bytes.size()), type, data, cbData);
+        }
+        return putData(e.type, e.data.data(), e.size, type, data, cbData);  // held, or too large
     });
 }
 
 LSTATUS RegEnumKeyEx(HKEY key, DWORD index, char* name, DWORD* cchName, DWORD*, char* cls,
                      DWORD* cchClass, void*) {
     if (!name || !cchName || (cls && !cchClass)) return ERROR_INVALID_PARAMETER;
-    return store().run(key, KEY_ENUMERATE_SUB_KEYS, false, [&](Tx& tx) {
-        Statement s(tx.db, "SELECT name FROM keys WHERE parent = ? ORDER BY id LIMIT 1 OFFSET ?");
-        s.bind(1, tx.key).bind(2, std::int64_t(index));
-        if (!s.step()) return ERROR_NO_MORE_ITEMS;
-        if (!putName(s.text(0), name, cchName)) return ERROR_MORE_DATA;
+    return store().walk(key, KEY_ENUMERATE_SUB_KEYS, false, [&](const RegistryListing& listing) {
+        if (index >= listing.entries.size()) return ERROR_NO_MORE_ITEMS;
+        if (!putName(listing.entries[index].name, name, cchName)) return ERROR_MORE_DATA;
         return putNoClass(cls, cchClass);
     });
 }

@@ -61,6 +61,7 @@ constexpr LSTATUS ERROR_SUCCESS = 0;
 constexpr LSTATUS ERROR_FILE_NOT_FOUND = 2;
 constexpr LSTATUS ERROR_ACCESS_DENIED = 5;
 constexpr LSTATUS ERROR_INVALID_HANDLE = 6;
+constexpr LSTATUS ERROR_NOT_ENOUGH_MEMORY = 8;
 constexpr LSTATUS ERROR_BAD_NETPATH = 53;
 constexpr LSTATUS ERROR_INVALID_PARAMETER = 87;
 constexpr LSTATUS ERROR_MORE_DATA = 234;
@@ -68,7 +69,8 @@ constexpr LSTATUS ERROR_NO_MORE_ITEMS = 259;
 constexpr LSTATUS ERROR_BADDB = 1009;
 constexpr LSTATUS ERROR_CANTWRITE = 1013;
 constexpr LSTATUS ERROR_KEY_DELETED = 1018;   // the handle's key was deleted meanwhile
-static_assert(ERROR_SUCCESS == ERROR_SUCCESS_CODE && ERROR_FILE_NOT_FOUND == ERROR_FILE_NOT_FOUND_CODE);
+static_assert(ERROR_SUCCESS == ERROR_SUCCESS_CODE && ERROR_FILE_NOT_FOUND == ERROR_FILE_NOT_FOUND_CODE &&
+              ERROR_NOT_ENOUGH_MEMORY == ERROR_NOT_ENOUGH_MEMORY_CODE);
 
 // Limits: a key name part up to 255 bytes, a value name up to 16383, value data up to 16 MiB.
 constexpr DWORD REG_MAX_KEY_NAME = 255;
@@ -89,13 +91,16 @@ QUILLBOX_EXPORT LSTATUS RegQueryValueEx(HKEY key, const char* name, DWORD* reser
                                         BYTE* data, DWORD* cbData);
 QUILLBOX_EXPORT LSTATUS RegSetValueEx(HKEY key, const char* name, DWORD reserved, DWORD type,
                                       const BYTE* data, DWORD cbData);
-// Value `index` in creation order; ERROR_NO_MORE_ITEMS past the last. `*cchName` is the name
+// Value `index` in creation order; ERROR_NO_MORE_ITEMS past the last. A handle keeps the
+// list of its key's values from one call to the next while the store stays unchanged, so a
+// walk over all indexes reads the key once; any write, in this process or another, makes the
+// next call read it afresh, and each index sees the values as they stand at that call. `*cchName` is the name
 // buffer's size in bytes with its NUL and receives the name's length without it; when the
 // name does not fit the result is ERROR_MORE_DATA and `*cchName` the size it needs with its
 // NUL. `type`, `data` and `cbData` work as in RegQueryValueEx.
 QUILLBOX_EXPORT LSTATUS RegEnumValue(HKEY key, DWORD index, char* name, DWORD* cchName,
                                      DWORD* reserved, DWORD* type, BYTE* data, DWORD* cbData);
-// Sub key `index` in creation order, its name as in RegEnumValue. Keys have no class: `cls`
+// Sub key `index` in creation order, its name as in RegEnumValue, kept between calls the same way. Keys have no class: `cls`
 // receives an empty text. `lastWriteTime` is not tracked and left untouched.
 QUILLBOX_EXPORT LSTATUS RegEnumKeyEx(HKEY key, DWORD index, char* name, DWORD* cchName,
                                      DWORD* reserved, char* cls, DWORD* cchClass,

@@ -1,5 +1,5 @@
-# Word lists, on the text layer alone.
-quillbox_unit_test(test_wordlist LIBS quillbox_text SOURCES
+# Word lists, on the text layer (its trace lines go through the utility library).
+quillbox_unit_test(test_wordlist LIBS quillbox_text quillbox_basekit quillbox_platform SOURCES
   ${CMAKE_CURRENT_SOURCE_DIR}/indent/WordListTest.cpp)
 
 # The document accessor, automatic indentation, word completion and brace matching, on an

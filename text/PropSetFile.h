@@ -5,8 +5,7 @@
 // trimmed; no '=' means the value "1"), "# comment" lines, "if key" with its indented body,
 // and "import name" (name.properties from the import folder). A backslash at a line end joins
 // the next line. Files are read up to 60000 bytes; a UTF-8 byte order mark is dropped.
-#include <cstdint>
-#include <vector>
+#include <cstddef>
 
 #include "PropSet.h"
 #include "QuillboxExport.h"
@@ -40,17 +39,21 @@ class QUILLBOX_EXPORT PropSetFile : public PropSet {
 public:
     static constexpr int maxFileBytes = 60000;              // bytes of a file that are read
     static constexpr int maxLineBytes = maxFileBytes - 1;   // bytes of one logical line
-    static constexpr int maxImportDepth = 32;               // files open within one another
-    static constexpr int maxFilesPerRead = 1000;            // files read by one outermost read
+    // Files one outermost read may open. Imports of imports have no depth limit, but a file
+    // that imports another one twice doubles the work at each level; past this count further
+    // imports are skipped and a trace line names the first one left out.
+    static constexpr int maxFilesPerRead = 10000;
 
     explicit PropSetFile(bool lowerCaseKeys = false);
     virtual ~PropSetFile();
 
     // Reads the file's first 60000 bytes into the table. False when the file can't be opened
     // as a regular file, or when reading it would repeat a file that is already being read
-    // (an import cycle) or exceed the import limits; the table is then unchanged.
-    // importDir enables "import" lines; each imported file that was read is recorded in the
-    // first unset entry of imports[0 .. importCount - 1], if there is one.
+    // (an import cycle: each file of a cycle is read once) or pass maxFilesPerRead; the table
+    // is then unchanged. importDir enables "import" lines; each imported file that was read is
+    // recorded, once its own imports are done, in the first unset entry of
+    // imports[0 .. importCount - 1], if there is one. Imports are followed in a loop, not by
+    // recursion, so that a chain of any length fits on the stack.
     bool Read(FilePath filename, FilePath importDir = FilePath(), FilePath imports[] = nullptr,
               int importCount = 0);
     // Reads property text; the condition of "if" starts true.
@@ -65,11 +68,15 @@ protected:
     bool lowerCaseKeys;   // keys are lower-cased (ASCII) as lines are read
 
 private:
-    struct FileIdentity {
-        std::uint64_t device;
-        std::uint64_t inode;
-    };
-    std::vector<FileIdentity> readChain;   // files being read, outermost first
-    int readNesting = 0;                   // Read and ReadFromMemory calls under way
-    int filesRead = 0;                     // files read since the outermost call began
+    struct Source;
+    struct ReadRun;
+    class RunScope;
+    // Reads the texts on the run's stack until it is back to `depth` texts.
+    void ReadSources(ReadRun& current, std::size_t depth, FilePath importDir, FilePath imports[],
+                     int importCount);
+    // Puts the file on the run's stack, if it is a regular file that may be read now; a set
+    // `listed` goes into the import list once the file is done.
+    bool OpenSource(ReadRun& current, const FilePath& filename, const FilePath& listed);
+
+    ReadRun* run = nullptr;   // the outermost Read or ReadFromMemory under way, if any
 };

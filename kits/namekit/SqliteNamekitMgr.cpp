@@ -19,22 +19,13 @@
 #include <vector>
 
 #include "CWnd.h"
+#include "NameRequest.h"
 
 namespace {
 
-char lowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c; }
-
-std::string lowerAscii(std::string_view s) {
-    std::string r(s);
-    for (char& c : r) c = lowerAscii(c);
-    return r;
-}
-
-bool isIdentByte(char c) {
-    const auto u = static_cast<unsigned char>(c);
-    return u >= 0x80 || (u >= 'a' && u <= 'z') || (u >= 'A' && u <= 'Z') || (u >= '0' && u <= '9') ||
-           c == '_' || c == '$';
-}
+using namekit::LowerAscii;
+using namekit::NamePart;
+using namekit::TableRef;
 
 // ---------------------------------------------------------------------------------------------
 // The catalog: every list is sorted by its lower-case key, so a prefix lookup is one binary
@@ -121,204 +112,6 @@ std::string quoteSql(std::string_view name) {
 }
 
 // ---------------------------------------------------------------------------------------------
-// Splitting the dotted name typed at the caret.
-
-struct NamePart {
-    std::string raw;    // as typed, quotes included
-    std::string value;  // the name inside the quotes
-    char quote = 0;     // the opening quote character, 0 for a bare part
-};
-
-char closingQuote(char open) { return open == '[' ? ']' : open; }
-bool isQuoteOpen(char c) { return c == '"' || c == '[' || c == '`'; }
-
-std::vector<NamePart> splitName(std::string_view name) {
-    std::vector<NamePart> parts(1);
-    size_t i = 0;
-    while (i < name.size()) {
-        NamePart& part = parts.back();
-        const char c = name[i];
-        if (c == '.') {
-            parts.emplace_back();
-            ++i;
-        } else if (isQuoteOpen(c) && part.raw.empty()) {
-            const char close = closingQuote(c);
-            part.quote = c;
-            part.raw += c;
-            ++i;
-            while (i < name.size()) {
-                if (name[i] == close) {
-                    if (close != ']' && i + 1 < name.size() && name[i + 1] == close) {  // doubled
-                        part.raw.append(2, close);
-                        part.value += close;
-                        i += 2;
-                        continue;
-                    }
-                    part.raw += close;
-                    ++i;
-                    break;
-                }
-                part.raw += name[i];
-                part.value += name[i];
-                ++i;
-            }
-        } else {
-            part.raw += c;
-            part.value += c;
-            ++i;
-        }
-    }
-    return parts;
-}
-
-// An item the editor can insert as it stands: plain identifiers bare, others quoted the way
-// the user started (double quotes unless a [ or ` was typed).
-std::string itemText(const std::string& name, char quote) {
-    bool plain = !name.empty() && !(name[0] >= '0' && name[0] <= '9');
-    for (char c : name) plain = plain && isIdentByte(c);
-    if (plain && !quote) return name;
-    const char open = quote ? quote : '"';
-    const char close = closingQuote(open);
-    std::string r(1, open);
-    for (char c : name) {
-        r += c;
-        if (c == close && close != ']') r += c;
-    }
-    return r + close;
-}
-
-// ---------------------------------------------------------------------------------------------
-// Reading the aliases of a query: `from t a`, `from t as a`, `join s.t a on ...`, comma lists
-// and quoted identifiers. Strings and comments are skipped; sub-queries are scanned as well,
-// since their own from clauses bind aliases the same way.
-
-enum class Tok { Word, Quoted, Dot, Comma, Open, Close, Other };
-
-struct Token {
-    Tok kind;
-    std::string value;
-};
-
-std::vector<Token> tokenize(std::string_view q) {
-    std::vector<Token> out;
-    size_t i = 0;
-    const size_t n = q.size();
-    while (i < n) {
-        const char c = q[i];
-        if (c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v') {
-            ++i;
-        } else if (c == '-' && i + 1 < n && q[i + 1] == '-') {
-            while (i < n && q[i] != '\n') ++i;
-        } else if (c == '/' && i + 1 < n && q[i + 1] == '*') {
-            const size_t end = q.find("*/", i + 2);
-            i = end == std::string_view::npos ? n : end + 2;
-        } else if (c == '\'') {
-            for (++i; i < n; ++i) {
-                if (q[i] == '\'') {
-                    if (i + 1 < n && q[i + 1] == '\'') { ++i; continue; }
-                    ++i;
-                    break;
-                }
-            }
-            out.push_back({Tok::Other, "'"});
-        } else if (isQuoteOpen(c)) {
-            const char close = closingQuote(c);
-            std::string value;
-            for (++i; i < n; ++i) {
-                if (q[i] == close) {
-                    if (close != ']' && i + 1 < n && q[i + 1] == close) { value += close; ++i; continue; }
-                    ++i;
-                    break;
-                }
-                value += q[i];
-            }
-            out.push_back({Tok::Quoted, std::move(value)});
-        } else if (isIdentByte(c)) {
-            const size_t start = i;
-            while (i < n && isIdentByte(q[i])) ++i;
-            out.push_back({Tok::Word, std::string(q.substr(start, i - start))});
-        } else {
-            const Tok kind = c == '.' ? Tok::Dot : c == ',' ? Tok::Comma : c == '(' ? Tok::Open
-                           : c == ')' ? Tok::Close : Tok::Other;
-            out.push_back({kind, std::string(1, c)});
-            ++i;
-        }
-    }
-    return out;
-}
-
-bool isReserved(const std::string& key) {
-    static const char* const words[] = {
-        "where", "join", "inner", "left", "right", "full", "outer", "cross", "natural", "on",
-        "using", "group", "order", "having", "limit", "union", "except", "intersect", "window",
-        "as", "set", "values", "select", "from", "returning", "indexed", "not", "and", "or",
-        "offset", "into", "with", "when", "then", "else", "end", "case", "is", "in", "like"};
-    return std::any_of(std::begin(words), std::end(words), [&](const char* w) { return key == w; });
-}
-
-struct TableRef {
-    std::string schemaKey;  // empty when unqualified
-    std::string tableKey;
-};
-
-class AliasReader {
-public:
-    explicit AliasReader(std::string_view query) : tokens_(tokenize(query)) {}
-
-    std::map<std::string, TableRef> read() {
-        while (i_ < tokens_.size()) {
-            const Token& t = tokens_[i_++];
-            if (t.kind != Tok::Word) continue;
-            const std::string key = lowerAscii(t.value);
-            if (key == "from") {
-                while (readRef() && at(Tok::Comma)) ++i_;
-            } else if (key == "join") {
-                readRef();
-            }
-        }
-        return std::move(aliases_);
-    }
-
-private:
-    bool at(Tok kind) const { return i_ < tokens_.size() && tokens_[i_].kind == kind; }
-    bool atName() const {
-        return at(Tok::Quoted) || (at(Tok::Word) && !isReserved(lowerAscii(tokens_[i_].value)));
-    }
-    void skipParens() {  // i_ at "("; leaves i_ behind the matching ")" (or at the end)
-        int depth = 0;
-        for (; i_ < tokens_.size(); ++i_) {
-            if (tokens_[i_].kind == Tok::Open) ++depth;
-            if (tokens_[i_].kind == Tok::Close && --depth == 0) { ++i_; return; }
-        }
-    }
-    // One table reference; false when none stands here.
-    bool readRef() {
-        TableRef ref;
-        if (at(Tok::Open)) {
-            // A sub-query: its insides are scanned by the outer loop; its alias binds nothing.
-            ++i_;
-            return false;
-        }
-        if (!atName()) return false;
-        ref.tableKey = lowerAscii(tokens_[i_++].value);
-        if (at(Tok::Dot) && i_ + 1 < tokens_.size() &&
-            (tokens_[i_ + 1].kind == Tok::Word || tokens_[i_ + 1].kind == Tok::Quoted)) {
-            ref.schemaKey = std::move(ref.tableKey);
-            ref.tableKey = lowerAscii(tokens_[i_ + 1].value);
-            i_ += 2;
-        }
-        if (at(Tok::Open)) skipParens();  // a table-valued function's arguments
-        if (at(Tok::Word) && lowerAscii(tokens_[i_].value) == "as") ++i_;
-        if (atName()) aliases_[lowerAscii(tokens_[i_++].value)] = ref;
-        return true;
-    }
-
-    std::vector<Token> tokens_;
-    size_t i_ = 0;
-    std::map<std::string, TableRef> aliases_;
-};
-
-// ---------------------------------------------------------------------------------------------
 // Answering one request from the catalog.
 
 struct Lookup {
@@ -330,11 +123,11 @@ Lookup answer(const Catalog& catalog, const CString& name, const CString& query,
     Lookup result;
     result.head.requestName = name;
     result.head.requestNameEx = name;
-    const std::vector<NamePart> parts = splitName(name.view());
+    const std::vector<NamePart> parts = namekit::SplitName(name.view());
     for (const NamePart& p : parts) result.head.nameParts.Add(CString(p.raw));
 
     const NamePart& last = parts.back();
-    const std::string prefix = lowerAscii(last.value);
+    const std::string prefix = LowerAscii(last.value);
     std::vector<std::string> found;
 
     auto columnsOf = [&](const Object* o) {
@@ -343,9 +136,9 @@ Lookup answer(const Catalog& catalog, const CString& name, const CString& query,
     if (parts.size() == 1) {
         if (!catalog.schemas.empty()) collectPrefix(catalog.schemas.front().objects, prefix, found);
     } else if (parts.size() == 2 && !parts[0].value.empty()) {
-        const std::string qualifier = lowerAscii(parts[0].value);
+        const std::string qualifier = LowerAscii(parts[0].value);
         const std::map<std::string, TableRef> aliases =
-            query.IsEmpty() ? std::map<std::string, TableRef>{} : AliasReader(query.view()).read();
+            query.IsEmpty() ? std::map<std::string, TableRef>{} : namekit::ReadAliases(query.view());
         const Schema* schema = nullptr;
         if (auto a = aliases.find(qualifier); a != aliases.end()) {
             const TableRef& ref = a->second;
@@ -360,13 +153,13 @@ Lookup answer(const Catalog& catalog, const CString& name, const CString& query,
             collectPrefix(schema->objects, prefix, found);
         }
     } else if (parts.size() == 3 && !parts[0].value.empty() && !parts[1].value.empty()) {
-        if (const Schema* s = catalog.schema(lowerAscii(parts[0].value)))
-            columnsOf(Catalog::object(*s, lowerAscii(parts[1].value)));
+        if (const Schema* s = catalog.schema(LowerAscii(parts[0].value)))
+            columnsOf(Catalog::object(*s, LowerAscii(parts[1].value)));
     }
 
     const size_t page = size_t(std::max(1, pageSize));
     for (size_t i = 0; i < found.size(); ++i) {
-        CString item(itemText(found[i], last.quote));
+        CString item(namekit::ItemText(found[i], last.quote));
         if (i < page)
             result.head.items.Add(item);
         else
@@ -443,7 +236,7 @@ Catalog SqliteNamekitMgr::Impl::load(const std::vector<std::pair<std::string, st
         while (st && sqlite3_step(st.get()) == SQLITE_ROW) {
             Schema s;
             s.name = st.text(0);
-            s.key = lowerAscii(s.name);
+            s.key = LowerAscii(s.name);
             if (s.key != "temp") c.schemas.push_back(std::move(s));
         }
     }
@@ -468,7 +261,7 @@ void SqliteNamekitMgr::Impl::readSchema(sqlite3* db, Schema& schema) {
     while (sqlite3_step(list.get()) == SQLITE_ROW) {
         Object o;
         o.name = list.text(0);
-        o.key = lowerAscii(o.name);
+        o.key = LowerAscii(o.name);
         o.isView = list.text(1) == "view";
         schema.objects.push_back(std::move(o));
     }
@@ -481,7 +274,7 @@ void SqliteNamekitMgr::Impl::readSchema(sqlite3* db, Schema& schema) {
         sqlite3_bind_text(cols.get(), 2, schema.name.c_str(), -1, SQLITE_STATIC);
         while (sqlite3_step(cols.get()) == SQLITE_ROW) {  // a broken view just has no columns
             std::string n = cols.text(0);
-            o.columns.push_back({lowerAscii(n), std::move(n)});
+            o.columns.push_back({LowerAscii(n), std::move(n)});
         }
         std::sort(o.columns.begin(), o.columns.end(), keyLess);
     }
@@ -591,12 +384,12 @@ bool SqliteNamekitMgr::Refresh() {
 }
 
 bool SqliteNamekitMgr::AttachDatabase(const CString& schema, const CString& path) {
-    const std::string key = lowerAscii(schema.view());
+    const std::string key = LowerAscii(schema.view());
     if (key.empty() || key == "main" || key == "temp" || path.IsEmpty()) return false;
     {
         std::lock_guard lock(d->mutex);
         auto it = std::find_if(d->attachments.begin(), d->attachments.end(),
-                               [&](const auto& a) { return lowerAscii(a.first) == key; });
+                               [&](const auto& a) { return LowerAscii(a.first) == key; });
         if (it != d->attachments.end())
             it->second = path.str();
         else

@@ -168,27 +168,53 @@ TEST_F(PropFiles, ImportCyclesAndRunawayImportsEnd) {
     EXPECT_EQ("ping.properties", Name(imports[2]));
     EXPECT_FALSE(imports[3].IsSet());
 
-    // A chain of 40 files: 32 of them open within one another.
-    for (int i = 0; i < 40; ++i)
-        Write("chain" + std::to_string(i),
-              "import chain" + std::to_string(i + 1) + "\nv" + std::to_string(i) + "=1\n");
-    PropSetFile chain;
-    EXPECT_TRUE(chain.Read(Path("chain0.properties"), Dir()));
-    expectValues(chain, {{"v31", "1"}, {"v32", ""}});
+    // Imports have no depth limit: long chains read whole, far deeper than a recursive
+    // reader's stack or the process's file descriptors would allow.
+    for (const int length : {100, 2000}) {
+        const std::string prefix = "chain" + std::to_string(length) + "-";
+        for (int i = 0; i < length; ++i) {
+            const std::string n = std::to_string(i);
+            Write(prefix + n, "import " + prefix + std::to_string(i + 1) + "\nv" + n + "=" + n + "\n");
+        }
+        PropSetFile chain;
+        std::vector<FilePath> listed(static_cast<std::size_t>(length));
+        EXPECT_TRUE(chain.Read(Path(prefix + "0.properties"), Dir(), listed.data(), length));
+        const std::string last = std::to_string(length - 1);
+        const std::string lastKey = std::string("v").append(last);
+        expectValues(chain, {{"v0", "0"}, {lastKey.c_str(), last}});
+        // Innermost first: a file is listed once its own imports are done; the missing end
+        // of the chain is not.
+        EXPECT_EQ(prefix + last + ".properties", Name(listed[0]));
+        EXPECT_EQ(prefix + "1.properties", Name(listed[listed.size() - 2]));
+        EXPECT_FALSE(listed.back().IsSet());
+    }
+}
 
-    // Repeated imports of one file are legitimate, but one read opens at most 1000 files.
-    Write("leaf", "n=1\n");
-    std::string many;
-    for (int i = 0; i < 1200; ++i)
-        many += "import leaf\n";
-    std::vector<FilePath> listed(1200);
-    PropSetFile wide;
-    EXPECT_TRUE(wide.Read(Write("wide", many), Dir(), listed.data(), int(listed.size())));
-    EXPECT_TRUE(listed[998].IsSet());
-    EXPECT_FALSE(listed[999].IsSet());
+TEST_F(PropFiles, RepeatedImportsStopAtTheFileLimitWithATraceLine) {
+    // Each level imports the next twice: 2^15 reads, cut at the limit and traced once.
+    const int levels = 15;
+    for (int i = 0; i < levels; ++i) {
+        const std::string next = "import twice" + std::to_string(i + 1) + "\n";
+        Write("twice" + std::to_string(i), next + next + "n" + std::to_string(i) + "=1\n");
+    }
+    Write("twice" + std::to_string(levels), "leaf=1\n");
+    const QString log = dir.filePath("trace.log");
+    qputenv("QUILLBOX_LOG_FILE", log.toUtf8());
+    std::vector<FilePath> listed(PropSetFile::maxFilesPerRead + 1);
+    EXPECT_TRUE(props.Read(Path("twice0.properties"), Dir(), listed.data(), int(listed.size())));
+    qunsetenv("QUILLBOX_LOG_FILE");
+    EXPECT_TRUE(listed[std::size_t(PropSetFile::maxFilesPerRead) - 2].IsSet());
+    EXPECT_FALSE(listed[std::size_t(PropSetFile::maxFilesPerRead) - 1].IsSet());
+    expectValues(props, {{"leaf", "1"}, {"n0", "1"}, {"n14", "1"}});
+    QFile trace(log);
+    ASSERT_TRUE(trace.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = trace.readAll().split('\n');
+    EXPECT_EQ(2, lines.size());   // one line and the empty rest after its end
+    EXPECT_TRUE(lines[0].contains("twice")) << lines[0].constData();
+
     // The count starts again with the next outermost read.
     std::vector<FilePath> second(5);
-    EXPECT_TRUE(wide.Read(Write("few", "import leaf\n"), Dir(), second.data(), 5));
+    EXPECT_TRUE(props.Read(Write("few", "import twice15\n"), Dir(), second.data(), 5));
     EXPECT_TRUE(second[0].IsSet());
 }
 

@@ -85,6 +85,31 @@ TEST_F(RegistryProcessTest, ConcurrentWritersLoseNothing) {
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
 }
 
+TEST_F(RegistryProcessTest, AWalkSeesWhatAnotherProcessCommittedAtItsNextIndex) {
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyEx(HKEY_CURRENT_USER, "Software\\Race", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                             nullptr),
+              ERROR_SUCCESS);
+    const DWORD one = 1;
+    ASSERT_EQ(RegSetValueEx(key, "own", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&one), sizeof one), ERROR_SUCCESS);
+    char name[32];
+    DWORD cch = sizeof name;
+    ASSERT_EQ(RegEnumValue(key, 0, name, &cch, nullptr, nullptr, nullptr, nullptr), ERROR_SUCCESS);
+    EXPECT_STREQ(name, "own");
+
+    auto writer = start({"race", "W", "1"});
+    ASSERT_TRUE(waitForLine(*writer));
+    writer->write("go\n");
+    ASSERT_TRUE(writer->waitForFinished(kWaitMs));
+    ASSERT_EQ(writer->exitCode(), 0);
+
+    // The values listed for index 0 are stale now: index 1 is the writer's first value.
+    cch = sizeof name;
+    ASSERT_EQ(RegEnumValue(key, 1, name, &cch, nullptr, nullptr, nullptr, nullptr), ERROR_SUCCESS);
+    EXPECT_STREQ(name, "W-0");
+    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+}
+
 TEST_F(RegistryProcessTest, KilledWriterLeavesCommittedValues) {
     auto writer = start({"series"});
     // Kill it once it has reported 100 commits; it is writing the next one by then.
@@ -115,7 +140,7 @@ TEST_F(RegistryProcessTest, KilledWriterLeavesCommittedValues) {
     HKEY key = openKey("Software\\Series");
     for (size_t i = 0; i < committed.size(); ++i) {
         ASSERT_EQ(committed[i], i);  // reported in order, none skipped
-        const std::string name = "v" + std::to_string(i);
+        const std::string name = std::string("v").append(std::to_string(i));
         std::vector<BYTE> data(4096);
         DWORD size = DWORD(data.size()), type = 0;
         ASSERT_EQ(RegQueryValueEx(key, name.c_str(), nullptr, &type, data.data(), &size), ERROR_SUCCESS) << name;

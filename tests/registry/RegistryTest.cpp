@@ -20,6 +20,7 @@ using Key = std::unique_ptr<RegistryKey, decltype(&RegCloseKey)>;
 const BYTE* bytes(const void* p) { return static_cast<const BYTE*>(p); }
 BYTE* out(char* p) { return reinterpret_cast<BYTE*>(p); }
 std::string dword(DWORD v) { return std::string(reinterpret_cast<const char*>(&v), sizeof v); }
+std::string error(LSTATUS rc) { return std::string("<").append(std::to_string(rc)).append(">"); }
 
 class RegistryTest : public ::testing::Test {
 protected:
@@ -213,6 +214,60 @@ TEST_F(RegistryTest, EnumerationFollowsCreationOrder) {
     Key empty = create("Software\\Order\\Kb");
     EXPECT_EQ(names(empty.get()), Names{});
     EXPECT_EQ(names(empty.get(), true), Names{});
+}
+
+// A walk by index keeps the key's list between calls; every write must still show at the
+// next index, whichever handle made it, as it would with a list read afresh at each call.
+TEST_F(RegistryTest, WalksSeeEveryChangeAtTheirNextIndex) {
+    Key key = create("Software\\Walk");
+    Key other = open("Software\\Walk");
+    for (const char* name : {"a", "b", "c", "d"}) ASSERT_EQ(setDword(key.get(), name, 1), ERROR_SUCCESS);
+    char name[16];
+    auto at = [&](HKEY k, DWORD index, bool keys = false) {
+        DWORD cch = sizeof name;
+        LSTATUS rc = keys ? RegEnumKeyEx(k, index, name, &cch, nullptr, nullptr, nullptr, nullptr)
+                          : RegEnumValue(k, index, name, &cch, nullptr, nullptr, nullptr, nullptr);
+        return rc == ERROR_SUCCESS ? std::string(name, cch) : error(rc);
+    };
+    EXPECT_EQ(at(key.get(), 0), "a");
+    ASSERT_EQ(RegDeleteValue(other.get(), "a"), ERROR_SUCCESS);  // through another handle
+    EXPECT_EQ(at(key.get(), 1), "c");                            // the list is b, c, d now
+    ASSERT_EQ(setDword(other.get(), "e", 1), ERROR_SUCCESS);
+    EXPECT_EQ(at(key.get(), 3), "e");
+    EXPECT_EQ(at(key.get(), 0), "b");  // indexes in any order
+    EXPECT_EQ(at(key.get(), 4), error(ERROR_NO_MORE_ITEMS));
+
+    // Data beyond what a listing keeps is read at its index, with the usual size rules.
+    std::string large(10000, 'x');
+    large[9999] = 'y';
+    ASSERT_EQ(set(other.get(), "large", REG_BINARY, large), ERROR_SUCCESS);
+    std::string data(large.size(), '\0');
+    DWORD cch = sizeof name, type = 0, size = 10;
+    EXPECT_EQ(RegEnumValue(key.get(), 4, name, &cch, nullptr, &type, out(data.data()), &size), ERROR_MORE_DATA);
+    EXPECT_EQ(size, large.size());
+    EXPECT_EQ(data[0], '\0');
+    cch = sizeof name;
+    EXPECT_EQ(RegEnumValue(key.get(), 4, name, &cch, nullptr, &type, out(data.data()), &size), ERROR_SUCCESS);
+    EXPECT_EQ(type, REG_BINARY);
+    EXPECT_EQ(data, large);
+
+    for (const char* sub : {"K1", "K2"}) create(sub, KEY_ALL_ACCESS, key.get());
+    EXPECT_EQ(at(key.get(), 0, true), "K1");
+    create("K3", KEY_ALL_ACCESS, other.get());
+    EXPECT_EQ(at(key.get(), 2, true), "K3");
+    ASSERT_EQ(RegDeleteKey(other.get(), "K1"), ERROR_SUCCESS);
+    EXPECT_EQ(at(key.get(), 0, true), "K2");
+
+    // The walked key itself deleted: the walk ends with the handle's error.
+    Key doomed = create("Software\\Walk\\K2");
+    ASSERT_EQ(setDword(doomed.get(), "v", 1), ERROR_SUCCESS);
+    EXPECT_EQ(at(doomed.get(), 0), "v");
+    ASSERT_EQ(RegDeleteKey(key.get(), "K2"), ERROR_SUCCESS);
+    EXPECT_EQ(at(doomed.get(), 0), error(ERROR_KEY_DELETED));
+    // A store opened afresh invalidates the handles and their lists.
+    ASSERT_TRUE(RegSetStorePath(path_.c_str()));
+    EXPECT_EQ(at(key.get(), 0), error(ERROR_INVALID_HANDLE));
+    EXPECT_EQ(at(HKEY_CURRENT_USER, 0, true), "Software");
 }
 
 TEST_F(RegistryTest, NamesIgnoreAsciiCase) {

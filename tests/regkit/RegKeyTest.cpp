@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <set>
+#include <map>
 #include <string>
 
 #include "CReg.h"
@@ -185,15 +185,24 @@ TEST_F(RegKit, TheValueWalkVisitsEveryValueOnce) {
     ASSERT_EQ(RegSetValueEx(root, "wide", 0, REG_QWORD, reinterpret_cast<const BYTE*>(&wide), sizeof wide),
               ERROR_SUCCESS);
     ASSERT_TRUE(root.SaveNumber("three", 3));
+    std::string large(10000, 'x');
+    large.back() = 'y';
+    ASSERT_TRUE(root.SaveBinary("large", reinterpret_cast<unsigned char*>(large.data()), large.size()));
 
-    std::set<std::string> seen;
+    // Each value as the walk loaded it: its type and its number or bytes.
+    std::map<std::string, std::pair<DWORD, std::string>> seen;
     const char* name = nullptr;
     CRegVal v;
     for (bool more = root.FindFirstValue(name, &v); more; more = root.FindNextValue(name, &v)) {
-        EXPECT_TRUE(seen.insert(name).second);
-        EXPECT_EQ(v.type == 0u, std::string(name) == "wide") << name;
+        const std::string content = v.type == REG_DWORD ? std::to_string(v.number)
+                                    : v.type            ? std::string(static_cast<const char*>(v.data), v.size)
+                                                        : std::string();
+        EXPECT_TRUE(seen.emplace(name, std::make_pair(v.type, content)).second) << name;
     }
-    EXPECT_EQ(seen, (std::set<std::string>{"one", "a much longer value name", "wide", "three"}));
+    const std::map<std::string, std::pair<DWORD, std::string>> expected{
+        {"one", {REG_DWORD, "1"}}, {"a much longer value name", {REG_SZ, std::string("two", 4)}},
+        {"wide", {0, ""}}, {"three", {REG_DWORD, "3"}}, {"large", {REG_BINARY, large}}};
+    EXPECT_EQ(seen, expected);
     EXPECT_FALSE(root.FindNextValue(name, &v));
 
     // A key without values gives false and leaves the earlier walk's name where it was.
