@@ -154,7 +154,6 @@ TEST_F(TextFileTest, PathsThatCannotBeSavedFailAtOpen) {
         {dir_.path().toStdString(), TEXTENCODING_UTF8, 0, TEXTFILEERROR_NOT_A_FILE},
         {dir_.path().toStdString() + "/", TEXTENCODING_UTF8, 0, TEXTFILEERROR_NOT_A_FILE},
         {"", TEXTENCODING_UTF8, 0, TEXTFILEERROR_INVALID_ARGUMENT},
-        {Path("a.sql"), TEXTENCODING(7), 0, TEXTFILEERROR_INVALID_ARGUMENT},
         {Path("a.sql"), TEXTENCODING_ANSI, 1252, TEXTFILEERROR_UNSUPPORTED},
     };
     for (const auto& c : cases) {
