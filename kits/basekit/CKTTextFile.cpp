@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unicode/ucnv.h>
 #include <unicode/ucsdet.h>
+#include <unicode/ustring.h>
 #include <unicode/utf16.h>
 #include <unistd.h>
 
@@ -248,51 +249,61 @@ UErrorCode Convert(UConverter* to, UConverter* from, const char* data, size_t si
 enum class DecodeResult { Ok, Invalid, Truncated, NoConverter };
 
 // Decodes a text given in pieces from an ICU converter's encoding into UTF-8; a character may
-// be split across pieces.
+// be split across pieces: the converter keeps the bytes of a split character (a split
+// surrogate pair included) until the rest arrives.
 class Decoder {
 public:
-    explicit Decoder(const char* converterName)
-        : from_(OpenStrict(converterName)), to_(OpenStrict("UTF-8")) {}
-    bool Ready() const { return from_ && to_; }
+    explicit Decoder(const char* converterName) : from_(OpenStrict(converterName)) {}
+    bool Ready() const { return from_ != nullptr; }
 
     // Appends the UTF-8 of `piece` to `out`. On failure `badOffset` is the offset in `piece` of
     // the first sequence that is not valid in the encoding.
     DecodeResult Feed(std::string_view piece, bool last, std::string& out, size_t& badOffset) {
         const char* source = piece.data();
         const char* sourceEnd = piece.data() + piece.size();
-        const size_t start = out.size();
-        out.resize(start + piece.size() + piece.size() / 2 + 16);
-        char* target = out.data() + start;
+        units_.resize(piece.size() + 16);
+        UChar* target = units_.data();
         UErrorCode status;
         for (;;) {
             status = U_ZERO_ERROR;
-            ucnv_convertEx(to_.get(), from_.get(), &target, out.data() + out.size(), &source,
-                           sourceEnd, pivot_, &pivotSource_, &pivotTarget_, pivot_ + kPivot,
-                           false, last, &status);
+            ucnv_toUnicode(from_.get(), &target, units_.data() + units_.size(), &source, sourceEnd,
+                           nullptr, last, &status);
             if (status != U_BUFFER_OVERFLOW_ERROR) break;
-            const size_t used = size_t(target - out.data());
-            out.resize(out.size() * 2);
-            target = out.data() + used;
+            const size_t used = size_t(target - units_.data());
+            units_.resize(units_.size() * 2);
+            target = units_.data() + used;
         }
-        out.resize(size_t(target - out.data()));
-        if (U_SUCCESS(status)) return DecodeResult::Ok;
-        char invalid[32];
-        int8_t invalidLength = sizeof invalid;
-        UErrorCode invalidStatus = U_ZERO_ERROR;
-        ucnv_getInvalidChars(from_.get(), invalid, &invalidLength, &invalidStatus);
-        if (U_FAILURE(invalidStatus)) invalidLength = 0;
-        const size_t consumed = size_t(source - piece.data());
-        // A character split across pieces started in an earlier one; its offset here is 0.
-        badOffset = consumed - std::min(consumed, size_t(invalidLength));
-        return status == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated : DecodeResult::Invalid;
+        if (U_FAILURE(status)) {
+            char invalid[32];
+            int8_t invalidLength = sizeof invalid;
+            UErrorCode invalidStatus = U_ZERO_ERROR;
+            ucnv_getInvalidChars(from_.get(), invalid, &invalidLength, &invalidStatus);
+            if (U_FAILURE(invalidStatus)) invalidLength = 0;
+            const size_t consumed = size_t(source - piece.data());
+            // A character that began in an earlier piece has the offset 0 here.
+            badOffset = consumed - std::min(consumed, size_t(invalidLength));
+            return status == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated
+                                                    : DecodeResult::Invalid;
+        }
+        const size_t count = size_t(target - units_.data());
+        const size_t at = out.size();
+        out.resize(at + count * 3);
+        int32_t length = 0;
+        status = U_ZERO_ERROR;
+        u_strToUTF8(out.data() + at, int32_t(out.size() - at), &length, units_.data(),
+                    int32_t(count), &status);
+        if (U_FAILURE(status)) {
+            out.resize(at);
+            badOffset = 0;
+            return DecodeResult::Invalid;
+        }
+        out.resize(at + size_t(length));
+        return DecodeResult::Ok;
     }
 
 private:
-    static constexpr size_t kPivot = 1024;
-    Converter from_, to_;
-    UChar pivot_[kPivot];
-    UChar* pivotSource_ = pivot_;
-    UChar* pivotTarget_ = pivot_;
+    Converter from_;
+    std::vector<UChar> units_;
 };
 
 // ---- reading in pieces
