@@ -244,16 +244,16 @@ TEST_F(TextFileTest, AFileChangedBetweenCheckAndReadIsNotDelivered) {
     EXPECT_NE(file.GetErrorText().Find("changed"), -1) << file.GetErrorText().c_str();
 }
 
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__has_feature)
-#define QUILLBOX_PLAIN_ALLOCATOR 1
+#if defined(__SANITIZE_ADDRESS__)
+#define QUILLBOX_SANITIZED_ALLOCATOR 1
 #elif defined(__has_feature)
-#if !__has_feature(address_sanitizer) && !defined(__SANITIZE_ADDRESS__)
-#define QUILLBOX_PLAIN_ALLOCATOR 1
+#if __has_feature(address_sanitizer)
+#define QUILLBOX_SANITIZED_ALLOCATOR 1
 #endif
 #endif
 
 TEST_F(TextFileTest, ATextThatDoesNotFitInMemoryFailsClearly) {
-#ifndef QUILLBOX_PLAIN_ALLOCATOR
+#ifdef QUILLBOX_SANITIZED_ALLOCATOR
     GTEST_SKIP() << "the sanitizers' allocator cannot run under an address space limit";
 #else
     Put(Path("big.sql"), std::string(size_t(64) << 20, 'x'));
