@@ -334,7 +334,12 @@ unsigned ByteAt(int fd, size_t offset) {
 // may change or be 0 for /proc files. False when `consume` returns false or a read fails.
 template <typename Consume>
 bool ScanFile(int fd, Consume&& consume, size_t skip = 0, bool raw = false) {
-    constexpr size_t kPiece = size_t(4) << 20;
+    // Pieces of 4 MiB, or less for a smaller file; the size only guides, the end is where
+    // reading stops.
+    struct stat info {};
+    const size_t kPiece = std::clamp<size_t>(
+        fstat(fd, &info) == 0 && info.st_size > 0 ? size_t(info.st_size) + 1 : 0,
+        size_t(64) << 10, size_t(4) << 20);
     std::unique_ptr<char[]> buffer(new char[kPiece + 4]);
     size_t carried = 0, offset = skip;
     for (;;) {
