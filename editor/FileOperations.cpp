@@ -63,8 +63,12 @@ int CScintillaWnd::LoadFile(const char* path) {
             return !full;
         });
         if (full) return fail(noRoom);
-        if (!read || SendEditor(SCI_GETLENGTH) != long(oldLength + long(length)))
-            return fail(reader.GetErrorText());
+        if (!read) return fail(reader.GetErrorText());
+        if (SendEditor(SCI_GETLENGTH) != long(oldLength + long(length))) {
+            CString refused;
+            refused.Format("The document did not take the text of '%s'", path);
+            return fail(refused);
+        }
         SendEditor(SCI_DELETERANGE, 0, oldLength);
         SendEditor(SCI_EMPTYUNDOBUFFER);
         SendEditor(SCI_SETUNDOCOLLECTION, 1);

@@ -1,5 +1,5 @@
 #pragma once
-// Text files of the utility library. CKTTextFileRead loads a whole file, finds its encoding and
+// Text files of the utility library. CKTTextFileRead checks a whole file, finds its encoding and
 // hands the text over as UTF-8; CKTTextFileWrite takes UTF-8 text and stores it in a chosen
 // encoding. Neither ever substitutes a character: bytes that do not decode, and characters that
 // the chosen encoding cannot hold, make the operation fail with an error code and a text.
@@ -53,8 +53,8 @@ public:
     CKTTextFileBase& operator=(const CKTTextFileBase&) = delete;
 
     bool IsOpen() const { return open_; }
-    // Ends the work with the file: a reader drops its text, a writer commits its file exactly
-    // as CKTTextFileWrite::Close does.
+    // Ends the work with the file: a reader closes it, a writer commits its file exactly as
+    // CKTTextFileWrite::Close does.
     void Close() { CloseFile(); }
 
     // The encoding that was detected or chosen. It stays valid after Close.
