@@ -142,7 +142,7 @@ struct Utf8Scan {
 };
 
 // The offset of the first byte that starts no well-formed UTF-8 sequence, or npos.
-size_t FirstInvalidUtf8(std::string_view piece, bool) {
+size_t FirstInvalidUtf8(std::string_view piece) {
     const auto* s = reinterpret_cast<const unsigned char*>(piece.data());
     const size_t n = piece.size();
     for (size_t i = SkipAscii(s, 0, n); i < n; i = SkipAscii(s, i, n)) {
@@ -751,8 +751,8 @@ bool CKTTextFileRead::Decode(TEXTENCODING encoding, int codePage, size_t skip,
     DecodeResult result = DecodeResult::Ok;
     if (!converterName) {
         // UTF-8 passes through as it is, once every sequence is known to be whole.
-        ok = ScanFile(fd_, [&](std::string_view piece, bool last) {
-            const size_t invalid = FirstInvalidUtf8(piece, last);
+        ok = ScanFile(fd_, [&](std::string_view piece, bool) {
+            const size_t invalid = FirstInvalidUtf8(piece);
             if (invalid != std::string::npos) {
                 bad = skip + counts.textBytes + invalid;
                 result = DecodeResult::Invalid;
@@ -1079,16 +1079,13 @@ bool CKTTextFileWrite::WriteBytes(const char* data, size_t size) {
 
 bool CKTTextFileWrite::Emit(const char* data, size_t size) {
     if (size == 0) return true;
-    const auto* bytes = reinterpret_cast<const unsigned char*>(data);
-    for (size_t i = 0; i < size;) {
-        const size_t length = SequenceLength(bytes, i, size);
-        if (length == 0)
-            return Abandon(TEXTFILEERROR_INVALID_TEXT, EILSEQ,
-                           Text("The text for '%s' is not UTF-8: byte 0x%02X at offset %zu",
-                                path_.c_str(), unsigned(bytes[i]), impl_->written + i));
-        i += length;
-    }
     const std::string_view text(data, size);
+    const size_t invalid = FirstInvalidUtf8(text);
+    if (invalid != std::string::npos)
+        return Abandon(TEXTFILEERROR_INVALID_TEXT, EILSEQ,
+                       Text("The text for '%s' is not UTF-8: byte 0x%02X at offset %zu",
+                            path_.c_str(), unsigned((unsigned char)data[invalid]),
+                            impl_->written + invalid));
     if (!impl_->target) {
         if (!WriteBytes(data, size)) return false;
     } else {
