@@ -90,35 +90,6 @@ TEST_F(TextFileTest, TextTheEncodingCannotHoldLeavesTheTargetUntouched) {
     EXPECT_NE(file.GetErrorText().Find("line 3"), -1) << file.GetErrorText().c_str();
 }
 
-TEST_F(TextFileTest, AFailureAtAnyStepKeepsTheOldFile) {
-    const struct { TEXTFILEFAULT step; int nth; bool unnamedOnly; } faults[] = {
-        {TEXTFILEFAULT_WRITE, 1, false},   // the byte order mark
-        {TEXTFILEFAULT_WRITE, 3, false},   // the second piece of text
-        {TEXTFILEFAULT_SYNC, 1, false},
-        {TEXTFILEFAULT_LINK, 1, true},
-        {TEXTFILEFAULT_RENAME, 1, false},
-    };
-    for (bool unnamed : {true, false}) {
-        for (const auto& fault : faults) {
-            if (fault.unnamedOnly && !unnamed) continue;
-            SCOPED_TRACE(testing::Message() << "unnamed " << unnamed << " step " << fault.step << "/"
-                                            << fault.nth);
-            CKTTextFileFaults::AllowUnnamedTemp(unnamed);
-            CKTTextFileFaults::Set(fault.step, fault.nth, ENOSPC);
-            Put(Path("a.sql"), "old text");
-            CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8_BOM);
-            file.Write("new ");
-            file.Write("text");
-            EXPECT_FALSE(file.Close());
-            EXPECT_EQ(file.GetError(), TEXTFILEERROR_WRITE_FAILED);
-            EXPECT_NE(file.GetErrorText().Find("No space left"), -1) << file.GetErrorText().c_str();
-            EXPECT_EQ(Get(Path("a.sql")), "old text");
-            EXPECT_EQ(Entries(), QStringList({"a.sql"}));
-            CKTTextFileFaults::Reset();
-        }
-    }
-}
-
 TEST_F(TextFileTest, OnlyCloseReplacesTheTarget) {
     for (bool unnamed : {true, false}) {
         CKTTextFileFaults::AllowUnnamedTemp(unnamed);
@@ -225,50 +196,64 @@ TEST_F(TextFileTest, PermissionDeniedFailsCleanly) {
     }
 }
 
-TEST_F(TextFileTest, AKilledSaveLeavesOldOrNewTextAndTheNextUseCleansUp) {
+// A save stopped at each step, by a failing system call or killed before it: the target holds
+// the old or the new text and nothing else is left, at once after a failure, after the next
+// load or save of the target after a kill.
+TEST_F(TextFileTest, ASaveStoppedAtAnyStepLeavesOldOrNewTextAndNothingElse) {
     const std::string oldBytes = "old text\r\n";
     const std::string newText = std::string(1 << 20, 'n') + "\r\n";
     const std::string newBytes = "\xEF\xBB\xBF" + newText + newText;
-    // Each step is where the save dies, before its system call: the byte order mark, the
-    // first and the second piece of text, the sync, the link, the rename, the folder's sync.
-    const struct { TEXTFILEFAULT step; int nth; bool unnamedOnly; bool replaced; } crashes[] = {
+    // The byte order mark, the first and second piece of text, the sync, the link, the
+    // rename, the folder's sync (which a save does not fail for).
+    const struct { TEXTFILEFAULT step; int nth; bool unnamedOnly; bool replaced; } steps[] = {
         {TEXTFILEFAULT_WRITE, 1, false, false}, {TEXTFILEFAULT_WRITE, 2, false, false},
         {TEXTFILEFAULT_WRITE, 3, false, false}, {TEXTFILEFAULT_SYNC, 1, false, false},
         {TEXTFILEFAULT_LINK, 1, true, false},   {TEXTFILEFAULT_RENAME, 1, false, false},
         {TEXTFILEFAULT_SYNC_FOLDER, 1, false, true},
     };
     int use = 0;
-    for (bool unnamed : {true, false}) {
-        for (const auto& crash : crashes) {
-            if (crash.unnamedOnly && !unnamed) continue;
-            SCOPED_TRACE(testing::Message() << "unnamed " << unnamed << " step " << crash.step
-                                            << "/" << crash.nth);
-            Put(Path("a.sql"), oldBytes);
-            const pid_t child = fork();
-            ASSERT_GE(child, 0);
-            if (child == 0) {
-                CKTTextFileFaults::AllowUnnamedTemp(unnamed);
-                CKTTextFileFaults::Crash(crash.step, crash.nth);
-                CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8_BOM);
-                file.Write(newText.c_str());
-                file.Write(newText.c_str());
-                file.Close();
-                _exit(0);   // the crash point was never reached
+    for (bool kill : {false, true}) {
+        for (bool unnamed : {true, false}) {
+            for (const auto& step : steps) {
+                if (step.unnamedOnly && !unnamed) continue;
+                SCOPED_TRACE(testing::Message() << (kill ? "kill" : "fail") << ", unnamed "
+                                                << unnamed << ", step " << step.step << "/" << step.nth);
+                Put(Path("a.sql"), oldBytes);
+                const pid_t child = kill ? fork() : 0;
+                ASSERT_GE(child, 0);
+                if (child == 0) {
+                    CKTTextFileFaults::AllowUnnamedTemp(unnamed);
+                    if (kill) CKTTextFileFaults::Crash(step.step, step.nth);
+                    else CKTTextFileFaults::Set(step.step, step.nth, ENOSPC);
+                    CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8_BOM);
+                    file.Write(newText.c_str());
+                    file.Write(newText.c_str());
+                    const bool closed = file.Close();
+                    if (kill) _exit(0);   // the step was never reached
+                    CKTTextFileFaults::Reset();
+                    EXPECT_EQ(closed, step.replaced);
+                    if (!closed) {
+                        EXPECT_EQ(file.GetError(), TEXTFILEERROR_WRITE_FAILED);
+                        EXPECT_NE(file.GetErrorText().Find("No space left"), -1) << file.GetErrorText().c_str();
+                    }
+                } else {
+                    int status = 0;
+                    ASSERT_EQ(waitpid(child, &status, 0), child);
+                    ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << status;
+                }
+                EXPECT_EQ(Get(Path("a.sql")), step.replaced ? newBytes : oldBytes);
+                if (kill) {
+                    // A name exists while the file is named and the target not yet replaced.
+                    const bool named = !step.replaced && (!unnamed || step.step == TEXTFILEFAULT_RENAME);
+                    EXPECT_EQ(Entries().size(), named ? 2 : 1);
+                    if (++use % 2) {
+                        EXPECT_TRUE(CKTTextFileRead(Path("a.sql").c_str()).IsOpen());
+                    } else {
+                        ASSERT_TRUE(Save(Path("a.sql"), "saved", TEXTENCODING_UTF8));
+                    }
+                }
+                EXPECT_EQ(Entries(), QStringList({"a.sql"}));
             }
-            int status = 0;
-            ASSERT_EQ(waitpid(child, &status, 0), child);
-            ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << status;
-            EXPECT_EQ(Get(Path("a.sql")), crash.replaced ? newBytes : oldBytes);
-            // A name exists while the temporary file is named and the target not yet replaced.
-            const bool named = !crash.replaced && (!unnamed || crash.step == TEXTFILEFAULT_RENAME);
-            EXPECT_EQ(Entries().size(), named ? 2 : 1);
-            // The next load or save of the target removes what the dead save left.
-            if (++use % 2) {
-                EXPECT_TRUE(CKTTextFileRead(Path("a.sql").c_str()).IsOpen());
-            } else {
-                ASSERT_TRUE(Save(Path("a.sql"), "saved", TEXTENCODING_UTF8));
-            }
-            EXPECT_EQ(Entries(), QStringList({"a.sql"}));
         }
     }
 }
