@@ -17,13 +17,21 @@
 #include "Utf8.h"
 
 namespace {
-const std::string& Folder() {
-    static const std::string folder = [] {
-        char name[] = "/tmp/fuzz_textfile.XXXXXX";
-        if (!mkdtemp(name)) std::abort();
-        return std::string(name);
+// A scratch folder of this run, removed with its two files when the fuzzer exits. A plain
+// array, so that it outlives every destructor that runs at exit.
+char g_folder[] = "/tmp/fuzz_textfile.XXXXXX";
+
+std::string Folder() {
+    static const bool made = [] {
+        if (!mkdtemp(g_folder)) std::abort();
+        std::atexit([] {
+            for (const char* file : {"/in.sql", "/out.sql"})
+                unlink((std::string(g_folder) + file).c_str());
+            rmdir(g_folder);
+        });
+        return true;
     }();
-    return folder;
+    return made ? std::string(g_folder) : std::string();
 }
 
 void Put(const std::string& path, const uint8_t* data, size_t size) {
