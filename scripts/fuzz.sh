@@ -10,7 +10,7 @@ seconds=${1:-5}
 shift || true
 build_dir=${FUZZ_BUILD_DIR:-build-fuzz}
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(propset styledef sqlcode sqlformat wordlist extract namekit registry)
+[ ${#targets[@]} -gt 0 ] || targets=(propset styledef sqlcode sqlformat wordlist extract namekit registry textfile)
 
 cmake -S . -B "$build_dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DCMAKE_CXX_COMPILER=clang++ -DQUILLBOX_BUILD_FUZZ=ON \

@@ -1,10 +1,14 @@
 #include "CKTTextFile.h"
 #include "Utf8.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <signal.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unicode/ucnv.h>
 #include <unicode/ucsdet.h>
+#include <unicode/ustring.h>
 #include <unicode/utf16.h>
 #include <unistd.h>
 
@@ -15,8 +19,10 @@
 #include <climits>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 #include <string_view>
 #include <vector>
 
@@ -52,10 +58,6 @@ constexpr int kUtf8CodePage = 65001;
 constexpr int kUtf16LECodePage = 1200;
 constexpr int kUtf16BECodePage = 1201;
 
-// Files are read whole. Decoded text may grow to three times the bytes (a single byte such as
-// 0x80 of code page 936 becomes a three-byte character), and it must fit a CString.
-constexpr size_t kMaxFileBytes = size_t(512) << 20;
-
 constexpr std::string_view kUtf8Bom("\xEF\xBB\xBF", 3);
 constexpr std::string_view kUtf16LEBom("\xFF\xFE", 2);
 constexpr std::string_view kUtf16BEBom("\xFE\xFF", 2);
@@ -88,13 +90,15 @@ CString Text(const char* format, ...) {
 struct Fault {
     std::atomic<int> countdown{0};
     std::atomic<int> error{EIO};
+    std::atomic<bool> crash{false};
 };
-Fault g_faults[4];
+Fault g_faults[TEXTFILEFAULT_COUNT];
 std::atomic<bool> g_allowUnnamedTemp{true};
 
 bool Injected(TEXTFILEFAULT step) {
     Fault& fault = g_faults[step];
     if (fault.countdown.load() <= 0 || fault.countdown.fetch_sub(1) != 1) return false;
+    if (fault.crash.load()) kill(getpid(), SIGKILL);
     errno = fault.error.load();
     return true;
 }
@@ -105,27 +109,48 @@ bool Injected(TEXTFILEFAULT step) {
 // off by the end. Overlong forms, surrogates and values above U+10FFFF are ill-formed.
 size_t SequenceLength(const unsigned char* s, size_t i, size_t n) { return Utf8SequenceLength(s, i, n); }
 
+// Skips the ASCII bytes from `i`, eight at a time where it can.
+size_t SkipAscii(const unsigned char* s, size_t i, size_t n) {
+    while (i + 8 <= n) {
+        uint64_t word;
+        std::memcpy(&word, s + i, 8);
+        if (word & 0x8080808080808080ull) break;
+        i += 8;
+    }
+    while (i < n && s[i] < 0x80) ++i;
+    return i;
+}
+
 struct Utf8Scan {
-    size_t firstError = std::string::npos;
     size_t multiByte = 0;   // well-formed sequences of two or more bytes
     size_t invalid = 0;     // bytes that start no well-formed sequence
-};
 
-Utf8Scan ScanUtf8(const char* data, size_t size) {
-    Utf8Scan scan;
-    const auto* s = reinterpret_cast<const unsigned char*>(data);
-    for (size_t i = 0; i < size;) {
-        size_t length = SequenceLength(s, i, size);
-        if (length == 0) {
-            if (scan.firstError == std::string::npos) scan.firstError = i;
-            ++scan.invalid;
-            ++i;
-        } else {
-            if (length > 1) ++scan.multiByte;
-            i += length;
+    void Add(std::string_view piece) {
+        const auto* s = reinterpret_cast<const unsigned char*>(piece.data());
+        const size_t n = piece.size();
+        for (size_t i = SkipAscii(s, 0, n); i < n; i = SkipAscii(s, i, n)) {
+            const size_t length = SequenceLength(s, i, n);
+            if (length == 0) {
+                ++invalid;
+                ++i;
+            } else {
+                ++multiByte;
+                i += length;
+            }
         }
     }
-    return scan;
+};
+
+// The offset of the first byte that starts no well-formed UTF-8 sequence, or npos.
+size_t FirstInvalidUtf8(std::string_view piece) {
+    const auto* s = reinterpret_cast<const unsigned char*>(piece.data());
+    const size_t n = piece.size();
+    for (size_t i = SkipAscii(s, 0, n); i < n; i = SkipAscii(s, i, n)) {
+        const size_t length = SequenceLength(s, i, n);
+        if (length == 0) return i;
+        i += length;
+    }
+    return std::string::npos;
 }
 
 // Text in a legacy code page seen as UTF-8 has far more broken sequences than whole ones
@@ -192,8 +217,9 @@ Converter OpenStrict(const char* name) {
     return U_SUCCESS(status) ? std::move(converter) : nullptr;
 }
 
-// Converts the bytes from `from` to `to` and appends them to `out`. The result is U_ZERO_ERROR
-// or the error that stopped the conversion; `consumed` is how far into the source it got.
+// Converts whole characters from `from` to `to` and appends them to `out`. The result is
+// U_ZERO_ERROR or the error that stopped the conversion; `consumed` is how far into the source
+// it got.
 UErrorCode Convert(UConverter* to, UConverter* from, const char* data, size_t size,
                    std::string& out, size_t& consumed) {
     const char* source = data;
@@ -222,44 +248,138 @@ UErrorCode Convert(UConverter* to, UConverter* from, const char* data, size_t si
 
 enum class DecodeResult { Ok, Invalid, Truncated, NoConverter };
 
-// Decodes the bytes with the named ICU converter into UTF-8 (`out` is replaced). On failure
-// `badOffset` is the offset of the first sequence that is not valid in the encoding.
-DecodeResult DecodeToUtf8(const char* converterName, const char* data, size_t size,
-                          std::string& out, size_t& badOffset) {
-    Converter from = OpenStrict(converterName);
-    Converter to = OpenStrict("UTF-8");
-    if (!from || !to) return DecodeResult::NoConverter;
-    out.clear();
-    size_t consumed = 0;
-    const UErrorCode result = Convert(to.get(), from.get(), data, size, out, consumed);
-    if (U_SUCCESS(result)) return DecodeResult::Ok;
-    char invalid[32];
-    int8_t invalidLength = sizeof invalid;
-    UErrorCode status = U_ZERO_ERROR;
-    ucnv_getInvalidChars(from.get(), invalid, &invalidLength, &status);
-    if (U_FAILURE(status)) invalidLength = 0;
-    badOffset = consumed - std::min(consumed, size_t(invalidLength));
-    out.clear();
-    return result == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated : DecodeResult::Invalid;
+// Decodes a text given in pieces from an ICU converter's encoding into UTF-8; a character may
+// be split across pieces: the converter keeps the bytes of a split character (a split
+// surrogate pair included) until the rest arrives.
+class Decoder {
+public:
+    explicit Decoder(const char* converterName) : from_(OpenStrict(converterName)) {}
+    bool Ready() const { return from_ != nullptr; }
+
+    // Appends the UTF-8 of `piece` to `out`. On failure `badOffset` is the offset in `piece` of
+    // the first sequence that is not valid in the encoding.
+    DecodeResult Feed(std::string_view piece, bool last, std::string& out, size_t& badOffset) {
+        const char* source = piece.data();
+        const char* sourceEnd = piece.data() + piece.size();
+        units_.resize(piece.size() + 16);
+        UChar* target = units_.data();
+        UErrorCode status;
+        for (;;) {
+            status = U_ZERO_ERROR;
+            ucnv_toUnicode(from_.get(), &target, units_.data() + units_.size(), &source, sourceEnd,
+                           nullptr, last, &status);
+            if (status != U_BUFFER_OVERFLOW_ERROR) break;
+            const size_t used = size_t(target - units_.data());
+            units_.resize(units_.size() * 2);
+            target = units_.data() + used;
+        }
+        if (U_FAILURE(status)) {
+            char invalid[32];
+            int8_t invalidLength = sizeof invalid;
+            UErrorCode invalidStatus = U_ZERO_ERROR;
+            ucnv_getInvalidChars(from_.get(), invalid, &invalidLength, &invalidStatus);
+            if (U_FAILURE(invalidStatus)) invalidLength = 0;
+            const size_t consumed = size_t(source - piece.data());
+            // A character that began in an earlier piece has the offset 0 here.
+            badOffset = consumed - std::min(consumed, size_t(invalidLength));
+            return status == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated
+                                                    : DecodeResult::Invalid;
+        }
+        const size_t count = size_t(target - units_.data());
+        const size_t at = out.size();
+        out.resize(at + count * 3);
+        int32_t length = 0;
+        status = U_ZERO_ERROR;
+        u_strToUTF8(out.data() + at, int32_t(out.size() - at), &length, units_.data(),
+                    int32_t(count), &status);
+        if (U_FAILURE(status)) {
+            out.resize(at);
+            badOffset = 0;
+            return DecodeResult::Invalid;
+        }
+        out.resize(at + size_t(length));
+        return DecodeResult::Ok;
+    }
+
+private:
+    Converter from_;
+    std::vector<UChar> units_;
+};
+
+// ---- reading in pieces
+
+// Reads up to `size` bytes at `offset`; size_t(-1) on failure, with errno set.
+size_t ReadAt(int fd, char* buffer, size_t size, size_t offset) {
+    size_t done = 0;
+    while (done < size) {
+        const ssize_t n = ::pread(fd, buffer + done, size - done, off_t(offset + done));
+        if (n == 0) break;
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            return size_t(-1);
+        }
+        done += size_t(n);
+    }
+    return done;
 }
 
-bool DecodesCleanly(int codePage, const std::string& bytes) {
+unsigned ByteAt(int fd, size_t offset) {
+    char byte = 0;
+    return ReadAt(fd, &byte, 1, offset) == 1 ? unsigned((unsigned char)byte) : 0;
+}
+
+// Hands the file from `skip` to the end to `consume(piece, last)` in pieces of a few MiB; the
+// last call has `last` set and may be empty. Unless `raw`, a UTF-8 sequence cut at the end of
+// a piece is held back for the next one. Reads to the end rather than trusting the size, which
+// may change or be 0 for /proc files. False when `consume` returns false or a read fails.
+template <typename Consume>
+bool ScanFile(int fd, Consume&& consume, size_t skip = 0, bool raw = false) {
+    // Pieces of 4 MiB, or less for a smaller file; the size only guides, the end is where
+    // reading stops.
+    struct stat info {};
+    const size_t kPiece = std::clamp<size_t>(
+        fstat(fd, &info) == 0 && info.st_size > 0 ? size_t(info.st_size) + 1 : 0,
+        size_t(64) << 10, size_t(4) << 20);
+    std::unique_ptr<char[]> buffer(new char[kPiece + 4]);
+    size_t carried = 0, offset = skip;
+    for (;;) {
+        const size_t n = ReadAt(fd, buffer.get() + carried, kPiece, offset);
+        if (n == size_t(-1)) return false;
+        offset += n;
+        const size_t size = carried + n;
+        const bool last = n == 0;
+        const size_t whole =
+            raw || last ? size : CompletePrefix(std::string_view(buffer.get(), size));
+        if (!consume(std::string_view(buffer.get(), whole), last)) return false;
+        if (last) return true;
+        carried = size - whole;
+        std::memmove(buffer.get(), buffer.get() + whole, carried);
+    }
+}
+
+bool DecodesCleanly(int codePage, int fd) {
     const CodePageEntry* entry = FindCodePage(codePage);
-    std::string text;
+    if (!entry) return false;
+    Decoder decoder(entry->converter);
+    std::string out;
     size_t bad = 0;
-    return entry && DecodeToUtf8(entry->converter, bytes.data(), bytes.size(), text, bad) ==
-                        DecodeResult::Ok;
+    return decoder.Ready() && ScanFile(fd, [&](std::string_view piece, bool last) {
+        out.clear();
+        return decoder.Feed(piece, last, out, bad) == DecodeResult::Ok;
+    }, 0, true);
 }
 
 // A supported code page other than `failed` in which all the bytes decode: first those the
-// charset detector proposes, best match first, then the rest in table order.
-int SuggestCodePage(const std::string& bytes, int failed) {
+// charset detector proposes (from the first MiB), best match first, then the rest in table order.
+int SuggestCodePage(int fd, int failed) {
     std::vector<int> candidates;
+    std::string head(size_t(1) << 20, '\0');
+    const size_t headSize = ReadAt(fd, head.data(), head.size(), 0);
+    head.resize(headSize == size_t(-1) ? 0 : headSize);
     UErrorCode status = U_ZERO_ERROR;
     UCharsetDetector* detector = ucsdet_open(&status);
     if (U_SUCCESS(status)) {
-        const auto length = int32_t(std::min(bytes.size(), size_t(1) << 20));
-        ucsdet_setText(detector, bytes.data(), length, &status);
+        ucsdet_setText(detector, head.data(), int32_t(head.size()), &status);
         int32_t count = 0;
         const UCharsetMatch** matches = ucsdet_detectAll(detector, &count, &status);
         for (int32_t i = 0; U_SUCCESS(status) && i < count; ++i) {
@@ -274,7 +394,7 @@ int SuggestCodePage(const std::string& bytes, int failed) {
     ucsdet_close(detector);
     for (const CodePageEntry& entry : kCodePages) candidates.push_back(entry.codePage);
     for (int codePage : candidates)
-        if (codePage != failed && DecodesCleanly(codePage, bytes)) return codePage;
+        if (codePage != failed && DecodesCleanly(codePage, fd)) return codePage;
     return 0;
 }
 
@@ -327,6 +447,10 @@ mode_t CurrentUmask() {
     return mask;
 }
 
+// A temporary file's name: the target's name (up to 200 bytes, as a file name may have 255)
+// between a dot and eight hex digits and ".tmp".
+constexpr size_t kTempNameStem = 200;
+
 std::string TempName(const std::string& targetName) {
     static std::atomic<unsigned> counter{0};
     const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
@@ -335,11 +459,69 @@ std::string TempName(const std::string& targetName) {
         counter.fetch_add(1);
     char suffix[32];
     std::snprintf(suffix, sizeof suffix, ".%08llx.tmp", mix & 0xFFFFFFFFull);
-    // Stay within the 255 bytes a file name may have.
     std::string name(".");
-    name.append(targetName, 0, 200);
+    name.append(targetName, 0, kTempNameStem);
     name += suffix;
     return name;
+}
+
+bool IsTempName(std::string_view name, const std::string& targetName) {
+    const std::string_view stem = std::string_view(targetName).substr(0, kTempNameStem);
+    if (name.size() != 1 + stem.size() + 13 || name[0] != '.' || name.substr(1, stem.size()) != stem)
+        return false;
+    const std::string_view suffix = name.substr(1 + stem.size());
+    if (suffix[0] != '.' || suffix.substr(9) != ".tmp") return false;
+    return std::all_of(suffix.begin() + 1, suffix.begin() + 9,
+                       [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); });
+}
+
+// The folder and the name of the file that saving `path` replaces: a symbolic link stays a
+// link, and the file it points to is the one replaced.
+std::pair<std::string, std::string> SaveTarget(const std::string& path) {
+    std::string target = path;
+    struct stat info {};
+    if (lstat(target.c_str(), &info) == 0 && S_ISLNK(info.st_mode)) {
+        if (char* real = realpath(target.c_str(), nullptr)) {
+            target = real;
+            std::free(real);
+        }
+    }
+    const size_t slash = target.rfind('/');
+    if (slash == std::string::npos) return {".", target};
+    return {slash == 0 ? "/" : target.substr(0, slash), target.substr(slash + 1)};
+}
+
+// Removes the temporary files that saves of `targetName` left behind when they were killed.
+// A save holds a lock on its temporary file while it runs, so a file that can be locked here
+// belongs to no running save.
+void RemoveStaleTemps(int dirFd, const std::string& targetName) {
+    const int listFd = openat(dirFd, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (listFd < 0) return;   // a folder that cannot be listed keeps what it has
+    DIR* dir = fdopendir(listFd);
+    if (!dir) {
+        ::close(listFd);
+        return;
+    }
+    std::vector<std::string> stale;
+    while (const dirent* entry = readdir(dir))
+        if (IsTempName(entry->d_name, targetName)) stale.emplace_back(entry->d_name);
+    closedir(dir);
+    for (const std::string& name : stale) {
+        const int fd = openat(dirFd, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+        if (fd < 0) continue;
+        struct stat info {};
+        if (fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && flock(fd, LOCK_EX | LOCK_NB) == 0)
+            unlinkat(dirFd, name.c_str(), 0);
+        ::close(fd);
+    }
+}
+
+void RemoveStaleTemps(const std::string& path) {
+    const auto [folder, name] = SaveTarget(path);
+    const int dirFd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (dirFd < 0) return;
+    RemoveStaleTemps(dirFd, name);
+    ::close(dirFd);
 }
 
 }  // namespace
@@ -384,210 +566,350 @@ bool CKTTextFileBase::IsSupportedCodePage(int codePage) {
 
 // ============================================================================ CKTTextFileRead
 
+// Line ends of the decoded text, counted as it goes by in pieces; a CR at the end of one piece
+// pairs with an LF at the start of the next.
+struct CKTTextFileRead::Counts {
+    size_t textBytes = 0, crLfs = 0, crs = 0, lfs = 0;
+    bool pendingCr = false;
+    bool sawNul = false;
+
+    void Add(std::string_view text) {
+        textBytes += text.size();
+        sawNul = sawNul || std::memchr(text.data(), '\0', text.size()) != nullptr;
+        size_t from = 0;
+        if (pendingCr && !text.empty()) {
+            if (text[0] == '\n') {
+                ++crLfs;
+                from = 1;
+            } else {
+                ++crs;
+            }
+            pendingCr = false;
+        }
+        const std::string_view rest = text.substr(from);
+        lfs += size_t(std::count(rest.begin(), rest.end(), '\n'));
+        for (const char* cr = Find(rest, '\r', 0); cr; cr = Find(rest, '\r', cr - rest.data() + 1)) {
+            const size_t at = size_t(cr - rest.data());
+            if (at + 1 == rest.size()) {
+                pendingCr = true;
+            } else if (rest[at + 1] == '\n') {
+                ++crLfs;
+                --lfs;
+            } else {
+                ++crs;
+            }
+        }
+    }
+    void Finish() {
+        if (pendingCr) ++crs;
+        pendingCr = false;
+    }
+    static const char* Find(std::string_view text, char c, size_t from) {
+        if (from >= text.size()) return nullptr;
+        return static_cast<const char*>(std::memchr(text.data() + from, c, text.size() - from));
+    }
+};
+
 CKTTextFileRead::CKTTextFileRead(const char* path, bool detect, bool /*reserved*/, int codePage)
     : CKTTextFileBase(path) {
-    Load(detect, false, TEXTENCODING_UTF8, codePage);
+    Load(detect, -1, codePage);
 }
 
 CKTTextFileRead::CKTTextFileRead(const char* path, TEXTENCODING encoding, int codePage)
     : CKTTextFileBase(path) {
-    Load(true, true, encoding, codePage);
+    Load(true, int(encoding), codePage);
 }
 
-CKTTextFileRead::~CKTTextFileRead() = default;
+CKTTextFileRead::~CKTTextFileRead() { CloseFile(); }
 
-void CKTTextFileRead::Load(bool detect, bool forced, TEXTENCODING encoding, int codePage) {
+void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
     if (path_.IsEmpty()) {
         Fail(TEXTFILEERROR_INVALID_ARGUMENT, EINVAL, "No file name was given");
         return;
     }
-    std::string bytes;
-    if (!LoadBytes(bytes)) return;
+    // Non-blocking, so that a FIFO fails as "not a file" instead of waiting for a writer.
+    fd_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (fd_ < 0) {
+        FailSystem(errno, TEXTFILEERROR_READ_FAILED, "cannot be opened");
+        return;
+    }
+    struct stat info {};
+    if (fstat(fd_, &info) != 0 || !S_ISREG(info.st_mode)) {
+        Fail(TEXTFILEERROR_NOT_A_FILE, S_ISDIR(info.st_mode) ? EISDIR : EINVAL,
+             Text("'%s' is not a file", path_.c_str()));
+        CloseFile();
+        return;
+    }
+    RemoveStaleTemps(path_.str());
+
+    char head[4] = {};
+    const size_t headSize = ReadAt(fd_, head, sizeof head, 0);
+    const std::string_view bytes(head, headSize == size_t(-1) ? 0 : headSize);
     const int legacy = codePage ? codePage : GetSystemCodePage();
     bool ok;
-    if (forced) {
-        switch (encoding) {
+    if (encoding >= TEXTENCODING_ANSI && encoding <= TEXTENCODING_UTF16BE) {
+        switch (TEXTENCODING(encoding)) {
         case TEXTENCODING_ANSI:
-            ok = DecodeAs(TEXTENCODING_ANSI, legacy, bytes, 0);
+            ok = Check(TEXTENCODING_ANSI, legacy, 0);
             break;
         case TEXTENCODING_UTF8:
         case TEXTENCODING_UTF8_BOM:
-            ok = StartsWith(bytes, kUtf8Bom) ? DecodeAs(TEXTENCODING_UTF8_BOM, 0, bytes, 3)
-                                             : DecodeAs(TEXTENCODING_UTF8, 0, bytes, 0);
+            ok = StartsWith(bytes, kUtf8Bom) ? Check(TEXTENCODING_UTF8_BOM, 0, 3)
+                                             : Check(TEXTENCODING_UTF8, 0, 0);
             break;
         case TEXTENCODING_UTF16LE:
-            ok = DecodeAs(encoding, 0, bytes, StartsWith(bytes, kUtf16LEBom) ? 2 : 0);
-            break;
-        case TEXTENCODING_UTF16BE:
-            ok = DecodeAs(encoding, 0, bytes, StartsWith(bytes, kUtf16BEBom) ? 2 : 0);
+            ok = Check(TEXTENCODING_UTF16LE, 0, StartsWith(bytes, kUtf16LEBom) ? 2 : 0);
             break;
         default:
-            ok = Fail(TEXTFILEERROR_INVALID_ARGUMENT, EINVAL,
-                      Text("Encoding %d is not one of 0 to 4", int(encoding)));
+            ok = Check(TEXTENCODING_UTF16BE, 0, StartsWith(bytes, kUtf16BEBom) ? 2 : 0);
+            break;
         }
     } else if (StartsWith(bytes, kUtf32LEBom) || StartsWith(bytes, kUtf32BEBom)) {
         ok = Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP,
                   Text("'%s' is in UTF-32, which cannot be read", path_.c_str()));
     } else if (StartsWith(bytes, kUtf8Bom)) {
-        ok = DecodeAs(TEXTENCODING_UTF8_BOM, 0, bytes, 3);
+        ok = Check(TEXTENCODING_UTF8_BOM, 0, 3);
     } else if (StartsWith(bytes, kUtf16LEBom)) {
-        ok = DecodeAs(TEXTENCODING_UTF16LE, 0, bytes, 2);
+        ok = Check(TEXTENCODING_UTF16LE, 0, 2);
     } else if (StartsWith(bytes, kUtf16BEBom)) {
-        ok = DecodeAs(TEXTENCODING_UTF16BE, 0, bytes, 2);
-    } else if (bytes.find('\0') != std::string::npos) {
-        ok = Fail(TEXTFILEERROR_BINARY, EILSEQ,
-                  Text("'%s' holds a NUL byte and is not a text file", path_.c_str()));
+        ok = Check(TEXTENCODING_UTF16BE, 0, 2);
     } else {
-        const Utf8Scan scan = ScanUtf8(bytes.data(), bytes.size());
-        if (scan.invalid == 0 || !detect || LooksLikeBrokenUtf8(scan))
-            ok = DecodeAs(TEXTENCODING_UTF8, 0, bytes, 0);
-        else
-            ok = DecodeAs(TEXTENCODING_ANSI, legacy, bytes, 0);
+        // One pass finds whether the file is UTF-8; only a file that is not, and does not look
+        // like damaged UTF-8, is checked again in the legacy code page.
+        Utf8Scan scan;
+        Counts counts;
+        ok = ScanFile(fd_, [&](std::string_view piece, bool) {
+            scan.Add(piece);
+            counts.Add(piece);
+            return true;
+        });
+        if (!ok) {
+            FailSystem(errno, TEXTFILEERROR_READ_FAILED, "cannot be read");
+        } else if (counts.sawNul) {
+            ok = Fail(TEXTFILEERROR_BINARY, EILSEQ,
+                      Text("'%s' holds a NUL byte and is not a text file", path_.c_str()));
+        } else if (scan.invalid == 0 || !detect || LooksLikeBrokenUtf8(scan)) {
+            ok = Check(TEXTENCODING_UTF8, 0, 0);
+        } else {
+            ok = Check(TEXTENCODING_ANSI, legacy, 0);
+        }
     }
     open_ = ok;
+    if (!ok) CloseFile();
 }
 
-bool CKTTextFileRead::LoadBytes(std::string& bytes) {
-    // Non-blocking, so that a FIFO fails as "not a file" instead of waiting for a writer.
-    FileDescriptor file(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (file.fd < 0) return FailSystem(errno, TEXTFILEERROR_READ_FAILED, "cannot be opened");
-    struct stat info {};
-    if (fstat(file.fd, &info) != 0 || !S_ISREG(info.st_mode))
-        return Fail(TEXTFILEERROR_NOT_A_FILE, S_ISDIR(info.st_mode) ? EISDIR : EINVAL,
-                    Text("'%s' is not a file", path_.c_str()));
-    if (size_t(info.st_size) > kMaxFileBytes)
-        return FailSystem(EFBIG, TEXTFILEERROR_TOO_LARGE, "cannot be read");
-    bytes.reserve(size_t(info.st_size));
-    // Read to the end rather than trusting the size, which may change or be 0 for /proc files.
-    char block[65536];
-    for (;;) {
-        const ssize_t n = ::read(file.fd, block, sizeof block);
-        if (n == 0) break;
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            return FailSystem(errno, TEXTFILEERROR_READ_FAILED, "cannot be read");
-        }
-        if (bytes.size() + size_t(n) > kMaxFileBytes)
-            return FailSystem(EFBIG, TEXTFILEERROR_TOO_LARGE, "cannot be read");
-        bytes.append(block, size_t(n));
-    }
-    return true;
-}
-
-bool CKTTextFileRead::DecodeAs(TEXTENCODING encoding, int codePage, const std::string& bytes,
-                               size_t skip) {
-    const char* data = bytes.data() + skip;
-    const size_t size = bytes.size() - skip;
-    switch (encoding) {
-    case TEXTENCODING_ANSI:
-        if (!DecodeLegacy(bytes, codePage)) return false;
-        break;
-    case TEXTENCODING_UTF8:
-    case TEXTENCODING_UTF8_BOM: {
-        SetEncoding(encoding, kUtf8CodePage);
-        const Utf8Scan scan = ScanUtf8(data, size);
-        if (scan.invalid) {
-            const size_t at = skip + scan.firstError;
-            return Fail(TEXTFILEERROR_UNDECODABLE, EILSEQ,
-                        Text("'%s' is not valid UTF-8: byte 0x%02X at offset %zu (line %d)",
-                             path_.c_str(), unsigned((unsigned char)bytes[at]), at,
-                             LineOf(bytes, at)));
-        }
-        text_.assign(data, size);
-        break;
-    }
-    default: {
-        const bool little = encoding == TEXTENCODING_UTF16LE;
-        SetEncoding(encoding, little ? kUtf16LECodePage : kUtf16BECodePage);
-        size_t bad = 0;
-        const DecodeResult result =
-            DecodeToUtf8(little ? "UTF-16LE" : "UTF-16BE", data, size, text_, bad);
-        if (result == DecodeResult::NoConverter)
-            return Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP, "ICU has no UTF-16 converter");
-        const char* what = result == DecodeResult::Truncated ? "the file ends inside a character"
-                                                             : "an unpaired surrogate";
-        if (result != DecodeResult::Ok)
-            return Fail(TEXTFILEERROR_UNDECODABLE, EILSEQ,
-                        Text("'%s' is not valid UTF-16%s: %s at offset %zu", path_.c_str(),
-                             little ? "LE" : "BE", what, skip + bad));
-    }
-    }
-    const size_t nul = text_.find('\0');
-    if (nul != std::string::npos) {
-        text_.clear();
+bool CKTTextFileRead::Check(TEXTENCODING encoding, int codePage, size_t skip) {
+    Counts counts;
+    if (!Decode(encoding, codePage, skip, [](std::string_view) { return true; }, counts))
+        return false;
+    if (counts.sawNul)
         return Fail(TEXTFILEERROR_BINARY, EILSEQ,
                     Text("'%s' holds a NUL character and is not a text file", path_.c_str()));
-    }
+    skip_ = skip;
+    textBytes_ = counts.textBytes;
+    crLfs_ = counts.crLfs;
+    crs_ = counts.crs;
+    lfs_ = counts.lfs;
     return true;
 }
 
-bool CKTTextFileRead::DecodeLegacy(const std::string& bytes, int codePage) {
-    SetEncoding(TEXTENCODING_ANSI, codePage);
-    const CodePageEntry* entry = FindCodePage(codePage);
-    if (!entry)
-        return Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP,
-                    Text("Code page %d is not supported", codePage));
-    size_t bad = 0;
-    switch (DecodeToUtf8(entry->converter, bytes.data(), bytes.size(), text_, bad)) {
-    case DecodeResult::Ok:
-        return true;
-    case DecodeResult::NoConverter:
-        return Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP,
-                    Text("ICU has no converter \"%s\" for code page %d", entry->converter,
-                         codePage));
-    case DecodeResult::Invalid:
-    case DecodeResult::Truncated:
+// Decodes the file from `skip` into UTF-8 pieces for `sink`, counting as it goes. Fails, with
+// the error recorded, at the first byte sequence that does not decode.
+bool CKTTextFileRead::Decode(TEXTENCODING encoding, int codePage, size_t skip,
+                             const std::function<bool(std::string_view)>& sink, Counts& counts) {
+    const char* converterName = nullptr;
+    switch (encoding) {
+    case TEXTENCODING_ANSI: {
+        SetEncoding(TEXTENCODING_ANSI, codePage);
+        const CodePageEntry* entry = FindCodePage(codePage);
+        if (!entry)
+            return Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP,
+                        Text("Code page %d is not supported", codePage));
+        converterName = entry->converter;
         break;
     }
-    suggestedCodePage_ = SuggestCodePage(bytes, codePage);
-    CString text = Text("'%s' is not valid in code page %d: byte 0x%02X at offset %zu (line %d)",
-                        path_.c_str(), codePage, unsigned((unsigned char)bytes[bad]), bad,
-                        LineOf(bytes, bad));
-    if (suggestedCodePage_)
-        text.AppendFormat("; it can be read as code page %d", suggestedCodePage_);
-    return Fail(TEXTFILEERROR_UNDECODABLE, EILSEQ, text);
+    case TEXTENCODING_UTF16LE:
+        SetEncoding(encoding, kUtf16LECodePage);
+        converterName = "UTF-16LE";
+        break;
+    case TEXTENCODING_UTF16BE:
+        SetEncoding(encoding, kUtf16BECodePage);
+        converterName = "UTF-16BE";
+        break;
+    default:
+        SetEncoding(encoding, kUtf8CodePage);
+        break;
+    }
+    bool stopped = false;
+    auto deliver = [&](std::string_view text) {
+        counts.Add(text);
+        if (!text.empty() && !sink(text)) stopped = true;
+        return !stopped;
+    };
+    bool ok;
+    size_t bad = 0;
+    DecodeResult result = DecodeResult::Ok;
+    if (!converterName) {
+        // UTF-8 passes through as it is, once every sequence is known to be whole.
+        ok = ScanFile(fd_, [&](std::string_view piece, bool) {
+            const size_t invalid = FirstInvalidUtf8(piece);
+            if (invalid != std::string::npos) {
+                bad = skip + counts.textBytes + invalid;
+                result = DecodeResult::Invalid;
+                return false;
+            }
+            return deliver(piece);
+        }, skip);
+    } else {
+        Decoder decoder(converterName);
+        if (!decoder.Ready())
+            return Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP,
+                        Text("ICU has no converter \"%s\"", converterName));
+        std::string out;
+        size_t offset = skip;
+        ok = ScanFile(fd_, [&](std::string_view piece, bool last) {
+            out.clear();
+            size_t at = 0;
+            result = decoder.Feed(piece, last, out, at);
+            if (result != DecodeResult::Ok) {
+                bad = offset + at;
+                return false;
+            }
+            offset += piece.size();
+            return deliver(out);
+        }, skip, true);
+    }
+    counts.Finish();
+    if (stopped) return false;
+    if (result == DecodeResult::Ok && !ok)
+        return FailSystem(errno, TEXTFILEERROR_READ_FAILED, "cannot be read");
+    if (result == DecodeResult::Ok) return true;
+    if (encoding == TEXTENCODING_ANSI) {
+        suggestedCodePage_ = SuggestCodePage(fd_, codePage);
+        CString text = Text("'%s' is not valid in code page %d: byte 0x%02X at offset %zu (line %d)",
+                            path_.c_str(), codePage, ByteAt(fd_, bad), bad, LineAt(bad));
+        if (suggestedCodePage_)
+            text.AppendFormat("; it can be read as code page %d", suggestedCodePage_);
+        return Fail(TEXTFILEERROR_UNDECODABLE, EILSEQ, text);
+    }
+    if (!converterName)
+        return Fail(TEXTFILEERROR_UNDECODABLE, EILSEQ,
+                    Text("'%s' is not valid UTF-8: byte 0x%02X at offset %zu (line %d)",
+                         path_.c_str(), ByteAt(fd_, bad), bad, LineAt(bad)));
+    return Fail(TEXTFILEERROR_UNDECODABLE, EILSEQ,
+                Text("'%s' is not valid UTF-16%s: %s at offset %zu", path_.c_str(),
+                     encoding == TEXTENCODING_UTF16LE ? "LE" : "BE",
+                     result == DecodeResult::Truncated ? "the file ends inside a character"
+                                                       : "an unpaired surrogate",
+                     bad));
+}
+
+int CKTTextFileRead::LineAt(size_t offset) {
+    int line = 1;
+    size_t seen = 0;
+    ScanFile(fd_, [&](std::string_view piece, bool) {
+        const std::string_view part = piece.substr(0, std::min(piece.size(), offset - seen));
+        line += int(std::count(part.begin(), part.end(), '\n'));
+        seen += part.size();
+        return seen < offset;
+    });
+    return line;
+}
+
+size_t CKTTextFileRead::GetTextLength(size_t lineEndLength) const {
+    const size_t breaks = crLfs_ + crs_ + lfs_;
+    return textBytes_ - 2 * crLfs_ - crs_ - lfs_ + breaks * lineEndLength;
+}
+
+bool CKTTextFileRead::ReadPieces(const CString& lineEnd,
+                                 const std::function<bool(const char*, size_t)>& sink) {
+    if (!open_)
+        return Fail(TEXTFILEERROR_NOT_OPEN, EBADF,
+                    Text("'%s' is not open for reading", path_.c_str()));
+    const std::string_view eol = lineEnd.view();
+    // A text whose line ends are all `eol` already goes to the sink as it is decoded.
+    const bool asIs = (eol == "\n" && crLfs_ + crs_ == 0) || (eol == "\r\n" && crs_ + lfs_ == 0) ||
+                      (eol == "\r" && crLfs_ + lfs_ == 0);
+    std::string out;
+    bool pendingCr = false;
+    auto convert = [&](std::string_view text) {
+        if (asIs) return sink(text.data(), text.size());
+        out.clear();
+        out.reserve(text.size() + text.size() / 8 + 16);
+        size_t i = 0;
+        if (pendingCr) {
+            out += eol;
+            if (!text.empty() && text[0] == '\n') i = 1;
+            pendingCr = false;
+        }
+        // The next CR and LF are remembered, so each byte value is searched once per piece.
+        const char* cr = Counts::Find(text, '\r', i);
+        const char* lf = Counts::Find(text, '\n', i);
+        while (i < text.size()) {
+            if (cr && cr < text.data() + i) cr = Counts::Find(text, '\r', i);
+            if (lf && lf < text.data() + i) lf = Counts::Find(text, '\n', i);
+            const char* end = !cr ? lf : !lf ? cr : std::min(cr, lf);
+            if (!end) {
+                out.append(text.data() + i, text.size() - i);
+                break;
+            }
+            const size_t at = size_t(end - text.data());
+            out.append(text.data() + i, at - i);
+            i = at + 1;
+            if (*end == '\r') {
+                if (i == text.size()) {
+                    pendingCr = true;   // its LF, if any, starts the next piece
+                    break;
+                }
+                if (text[i] == '\n') ++i;
+            }
+            out += eol;
+        }
+        return out.empty() || sink(out.data(), out.size());
+    };
+    Counts counts;
+    if (!Decode(GetEncoding(), GetCodePage(), skip_, convert, counts)) {
+        if (GetError() == TEXTFILEERROR_NONE) Fail(TEXTFILEERROR_READ_FAILED, ECANCELED,
+                                                   Text("Reading '%s' was stopped", path_.c_str()));
+        return false;
+    }
+    if (pendingCr && !sink(eol.data(), eol.size())) return false;
+    if (counts.textBytes != textBytes_ || counts.crLfs != crLfs_ || counts.crs != crs_ ||
+        counts.lfs != lfs_ || counts.sawNul)
+        return Fail(TEXTFILEERROR_READ_FAILED, ESTALE,
+                    Text("'%s' changed while it was being read", path_.c_str()));
+    return true;
 }
 
 bool CKTTextFileRead::Read(CString& text, const CString& lineEnd) {
     if (!open_)
         return Fail(TEXTFILEERROR_NOT_OPEN, EBADF,
                     Text("'%s' is not open for reading", path_.c_str()));
-    // Measure first, so that a text that would not fit a CString fails before any copying.
-    size_t breaks = 0, breakBytes = 0;
-    for (size_t i = 0; i < text_.size(); ++i) {
-        if (text_[i] == '\r') {
-            ++breaks;
-            ++breakBytes;
-            if (i + 1 < text_.size() && text_[i + 1] == '\n') {
-                ++breakBytes;
-                ++i;
-            }
-        } else if (text_[i] == '\n') {
-            ++breaks;
-            ++breakBytes;
-        }
-    }
-    const size_t size = text_.size() - breakBytes + breaks * size_t(lineEnd.GetLength());
+    const size_t size = GetTextLength(size_t(lineEnd.GetLength()));
     if (size > size_t(INT_MAX))
         return Fail(TEXTFILEERROR_TOO_LARGE, EFBIG,
-                    Text("The text of '%s' is too large", path_.c_str()));
+                    Text("The text of '%s' is too large: %zu MiB, more than the 2 GiB a text "
+                         "may have", path_.c_str(), size >> 20));
     std::string out;
-    out.reserve(size);
-    for (size_t i = 0; i < text_.size(); ++i) {
-        const char c = text_[i];
-        if (c == '\r' || c == '\n') {
-            out += lineEnd.str();
-            if (c == '\r' && i + 1 < text_.size() && text_[i + 1] == '\n') ++i;
-        } else {
-            out += c;
-        }
+    try {
+        out.reserve(size);
+    } catch (const std::bad_alloc&) {
+        return Fail(TEXTFILEERROR_TOO_LARGE, ENOMEM,
+                    Text("The text of '%s' needs %zu MiB of memory, more than is free",
+                         path_.c_str(), size >> 20));
     }
+    if (!ReadPieces(lineEnd, [&](const char* piece, size_t n) {
+            out.append(piece, n);
+            return true;
+        }))
+        return false;
     text = CString(std::move(out));
     return true;
 }
 
 bool CKTTextFileRead::CloseFile() {
-    std::string().swap(text_);
+    if (fd_ >= 0) ::close(fd_);
+    fd_ = -1;
     open_ = false;
     return true;
 }
@@ -620,13 +942,20 @@ CKTTextFileWrite::CKTTextFileWrite(const char* path, TEXTENCODING encoding, int 
         Fail(TEXTFILEERROR_INVALID_ARGUMENT, EINVAL, "No file name was given");
         return;
     }
+    int value = int(encoding);
+    if (value < TEXTENCODING_ANSI || value > TEXTENCODING_UTF16BE) {
+        // The file on disk decides, and a legacy file keeps its own code page.
+        CKTTextFileRead existing(path, true, true, codePage);
+        value = existing.IsOpen() ? int(existing.GetEncoding()) : int(TEXTENCODING_UTF8);
+        if (existing.IsOpen()) codePage = existing.GetCodePage();
+    }
     std::string_view bom;
     const char* converterName = nullptr;
-    switch (encoding) {
+    switch (TEXTENCODING(value)) {
     case TEXTENCODING_ANSI: {
         const int legacy = codePage ? codePage : GetSystemCodePage();
         const CodePageEntry* entry = FindCodePage(legacy);
-        SetEncoding(encoding, legacy);
+        SetEncoding(TEXTENCODING_ANSI, legacy);
         if (!entry) {
             Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP,
                  Text("Code page %d is not supported", legacy));
@@ -636,26 +965,22 @@ CKTTextFileWrite::CKTTextFileWrite(const char* path, TEXTENCODING encoding, int 
         break;
     }
     case TEXTENCODING_UTF8:
-        SetEncoding(encoding, kUtf8CodePage);
+        SetEncoding(TEXTENCODING_UTF8, kUtf8CodePage);
         break;
     case TEXTENCODING_UTF8_BOM:
-        SetEncoding(encoding, kUtf8CodePage);
+        SetEncoding(TEXTENCODING_UTF8_BOM, kUtf8CodePage);
         bom = kUtf8Bom;
         break;
     case TEXTENCODING_UTF16LE:
-        SetEncoding(encoding, kUtf16LECodePage);
+        SetEncoding(TEXTENCODING_UTF16LE, kUtf16LECodePage);
         converterName = "UTF-16LE";
         bom = kUtf16LEBom;
         break;
-    case TEXTENCODING_UTF16BE:
-        SetEncoding(encoding, kUtf16BECodePage);
+    default:
+        SetEncoding(TEXTENCODING_UTF16BE, kUtf16BECodePage);
         converterName = "UTF-16BE";
         bom = kUtf16BEBom;
         break;
-    default:
-        Fail(TEXTFILEERROR_INVALID_ARGUMENT, EINVAL,
-             Text("Encoding %d is not one of 0 to 4", int(encoding)));
-        return;
     }
     if (converterName) {
         impl_->utf8 = OpenStrict("UTF-8");
@@ -672,19 +997,8 @@ CKTTextFileWrite::CKTTextFileWrite(const char* path, TEXTENCODING encoding, int 
 }
 
 bool CKTTextFileWrite::OpenTemp() {
-    // A symbolic link stays a link: the file it points to is the one replaced.
-    std::string target = path_.str();
-    struct stat info {};
-    if (lstat(target.c_str(), &info) == 0 && S_ISLNK(info.st_mode)) {
-        if (char* real = realpath(target.c_str(), nullptr)) {
-            target = real;
-            std::free(real);
-        }
-    }
-    const size_t slash = target.rfind('/');
-    const std::string folder =
-        slash == std::string::npos ? "." : slash == 0 ? "/" : target.substr(0, slash);
-    impl_->targetName = slash == std::string::npos ? target : target.substr(slash + 1);
+    const auto [folder, targetName] = SaveTarget(path_.str());
+    impl_->targetName = targetName;
     if (impl_->targetName.empty() || impl_->targetName == "." || impl_->targetName == "..")
         return Fail(TEXTFILEERROR_NOT_A_FILE, EISDIR,
                     Text("'%s' names a folder", path_.c_str()));
@@ -695,6 +1009,7 @@ bool CKTTextFileWrite::OpenTemp() {
     if (impl_->dirFd < 0)
         return FailSystem(errno, TEXTFILEERROR_WRITE_FAILED, "has no usable folder");
     const char* name = impl_->targetName.c_str();
+    struct stat info {};
     if (fstatat(impl_->dirFd, name, &info, 0) == 0) {
         if (!S_ISREG(info.st_mode))
             return Abandon(TEXTFILEERROR_NOT_A_FILE, S_ISDIR(info.st_mode) ? EISDIR : EINVAL,
@@ -704,6 +1019,7 @@ bool CKTTextFileWrite::OpenTemp() {
     } else if (errno != ENOENT) {
         return AbandonSystem(errno, "cannot be written");
     }
+    RemoveStaleTemps(impl_->dirFd, impl_->targetName);
 
     // An unnamed temporary file vanishes by itself on any failure; it needs /proc to be given
     // a name later. File systems without them get a named file, removed on failure.
@@ -722,7 +1038,10 @@ bool CKTTextFileWrite::OpenTemp() {
             return AbandonSystem(errno, "cannot be written");
         }
     }
-    return impl_->fd >= 0 || AbandonSystem(EEXIST, "has no free temporary file name");
+    if (impl_->fd < 0) return AbandonSystem(EEXIST, "has no free temporary file name");
+    // The lock tells a later save or load that this file belongs to a save still running.
+    flock(impl_->fd, LOCK_EX | LOCK_NB);
+    return true;
 }
 
 CKTTextFileWrite::~CKTTextFileWrite() {
@@ -760,16 +1079,13 @@ bool CKTTextFileWrite::WriteBytes(const char* data, size_t size) {
 
 bool CKTTextFileWrite::Emit(const char* data, size_t size) {
     if (size == 0) return true;
-    const auto* bytes = reinterpret_cast<const unsigned char*>(data);
-    for (size_t i = 0; i < size;) {
-        const size_t length = SequenceLength(bytes, i, size);
-        if (length == 0)
-            return Abandon(TEXTFILEERROR_INVALID_TEXT, EILSEQ,
-                           Text("The text for '%s' is not UTF-8: byte 0x%02X at offset %zu",
-                                path_.c_str(), unsigned(bytes[i]), impl_->written + i));
-        i += length;
-    }
     const std::string_view text(data, size);
+    const size_t invalid = FirstInvalidUtf8(text);
+    if (invalid != std::string::npos)
+        return Abandon(TEXTFILEERROR_INVALID_TEXT, EILSEQ,
+                       Text("The text for '%s' is not UTF-8: byte 0x%02X at offset %zu",
+                            path_.c_str(), unsigned((unsigned char)data[invalid]),
+                            impl_->written + invalid));
     if (!impl_->target) {
         if (!WriteBytes(data, size)) return false;
     } else {
@@ -799,6 +1115,19 @@ bool CKTTextFileWrite::Emit(const char* data, size_t size) {
         if (!WriteBytes(out.data(), out.size())) return false;
     }
     impl_->lines += std::count(text.begin(), text.end(), '\n');
+    impl_->written += size;
+    return true;
+}
+
+bool CKTTextFileWrite::WriteRaw(const char* bytes, size_t size) {
+    if (!open_)
+        return Fail(TEXTFILEERROR_NOT_OPEN, EBADF,
+                    Text("'%s' is not open for writing", path_.c_str()));
+    if (!impl_->carry.empty())
+        return Abandon(TEXTFILEERROR_INVALID_TEXT, EILSEQ,
+                       Text("The text for '%s' breaks off inside a UTF-8 character", path_.c_str()));
+    if (!bytes || size == 0) return true;
+    if (!WriteBytes(bytes, size)) return false;
     impl_->written += size;
     return true;
 }
@@ -869,7 +1198,8 @@ bool CKTTextFileWrite::Close() {
         renameat(d.dirFd, d.tempName.c_str(), d.dirFd, d.targetName.c_str()) != 0)
         return AbandonSystem(errno, "could not be replaced");
     d.tempName.clear();
-    fsync(d.dirFd);   // makes the rename durable; a folder opened for path use only cannot
+    // Makes the rename durable; a folder opened for path use only cannot.
+    if (!Injected(TEXTFILEFAULT_SYNC_FOLDER)) fsync(d.dirFd);
     d.Discard();
     open_ = false;
     committed_ = true;
@@ -881,13 +1211,24 @@ bool CKTTextFileWrite::CloseFile() { return Close(); }
 // ============================================================================ test support
 
 void CKTTextFileFaults::Set(TEXTFILEFAULT step, int nth, int systemError) {
+    if (step < 0 || step >= TEXTFILEFAULT_COUNT) return;
     g_faults[step].error = systemError;
+    g_faults[step].crash = false;
+    g_faults[step].countdown = nth;
+}
+
+void CKTTextFileFaults::Crash(TEXTFILEFAULT step, int nth) {
+    if (step < 0 || step >= TEXTFILEFAULT_COUNT) return;
+    g_faults[step].crash = true;
     g_faults[step].countdown = nth;
 }
 
 void CKTTextFileFaults::AllowUnnamedTemp(bool allow) { g_allowUnnamedTemp = allow; }
 
 void CKTTextFileFaults::Reset() {
-    for (Fault& fault : g_faults) fault.countdown = 0;
+    for (Fault& fault : g_faults) {
+        fault.countdown = 0;
+        fault.crash = false;
+    }
     g_allowUnnamedTemp = true;
 }

@@ -1,5 +1,10 @@
 // Reading: encoding detection, decoding into UTF-8, line ends, and files that must not load.
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
 
 #include "TextFileSupport.h"
 
@@ -191,4 +196,87 @@ TEST_F(TextFileTest, MissingFilesFoldersAndClosedReaders) {
     EXPECT_EQ(text, "kept");
     EXPECT_EQ(file.GetError(), TEXTFILEERROR_NOT_OPEN);
     EXPECT_EQ(file.GetEncoding(), TEXTENCODING_UTF8);
+}
+
+TEST_F(TextFileTest, CharactersAndLineEndsSplitBetweenPiecesSurvive) {
+    constexpr size_t kPiece = size_t(4) << 20;   // the reader's piece size
+    const struct {
+        const char* what;
+        std::string bom, unit, special;   // `unit` is one filler character in the encoding
+        const char* text;                 // `special` decoded, with LF line ends
+        int codePage;
+    } cases[] = {
+        {"UTF-8", "", "x", "\xF0\x9F\x98\x80\xE2\x82\xAC", "😀€", 0},
+        {"UTF-8 with mark", "\xEF\xBB\xBF", "x", "\xE2\x82\xAC\xE2\x82\xAC", "€€", 0},
+        {"CR LF", "", "x", "\r\n\r\n", "\n\n", 0},
+        {"lone CR", "", "x", "\r\rx", "\n\nx", 0},
+        {"code page 949", "", "x", "\xC7\xD1\xB1\xDB", "한글", 949},
+        {"UTF-16LE surrogates", "\xFF\xFE", std::string("x\0", 2), std::string("\x3D\xD8\x00\xDE", 4), "😀", 0},
+        {"UTF-16BE CR LF", "\xFE\xFF", std::string("\0x", 2), std::string("\0\r\0\n", 4), "\n", 0},
+    };
+    for (const auto& c : cases) {
+        for (size_t into = 1; into <= 3; ++into) {
+            SCOPED_TRACE(testing::Message() << c.what << ", " << into << " bytes in");
+            const size_t units = (kPiece - into) / c.unit.size();
+            std::string bytes = c.bom;
+            for (size_t i = 0; i < units; ++i) bytes += c.unit;
+            bytes += c.special;
+            Put(Path("big.sql"), bytes);
+            CKTTextFileRead file(Path("big.sql").c_str(), true, true, c.codePage);
+            CString text;
+            ASSERT_TRUE(file.Read(text, "\n")) << file.GetErrorText().c_str();
+            const std::string expected = std::string(units, 'x') + c.text;
+            EXPECT_EQ(text.GetLength(), int(expected.size()));
+            EXPECT_EQ(file.GetTextLength(1), expected.size());
+            EXPECT_TRUE(text.str() == expected);
+        }
+    }
+}
+
+TEST_F(TextFileTest, AFileChangedBetweenCheckAndReadIsNotDelivered) {
+    Put(Path("a.sql"), "one\r\ntwo\r\n");
+    CKTTextFileRead file(Path("a.sql").c_str());
+    ASSERT_TRUE(file.IsOpen());
+    std::ofstream(Path("a.sql"), std::ios::binary | std::ios::in) << "one\ntwo\n\n";   // same file
+    CString text = "untouched";
+    EXPECT_FALSE(file.Read(text, "\r\n"));
+    EXPECT_EQ(text, "untouched");
+    EXPECT_NE(file.GetErrorText().Find("changed"), -1) << file.GetErrorText().c_str();
+}
+
+#if defined(__SANITIZE_ADDRESS__)
+#define QUILLBOX_SANITIZED_ALLOCATOR 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QUILLBOX_SANITIZED_ALLOCATOR 1
+#endif
+#endif
+
+TEST_F(TextFileTest, ATextThatDoesNotFitInMemoryFailsClearly) {
+#ifdef QUILLBOX_SANITIZED_ALLOCATOR
+    GTEST_SKIP() << "the sanitizers' allocator cannot run under an address space limit";
+#else
+    Put(Path("big.sql"), std::string(size_t(64) << 20, 'x'));
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        // Room for the reader's pieces but not for the whole text.
+        CKTTextFileRead file(Path("big.sql").c_str());
+        std::ifstream status("/proc/self/status");
+        std::string line;
+        long kib = 0;
+        while (std::getline(status, line))
+            if (line.rfind("VmSize:", 0) == 0) kib = std::stol(line.substr(7));
+        const rlimit limit{rlim_t(kib + (32 << 10)) << 10, RLIM_INFINITY};
+        CString text = "untouched";
+        const bool failed = setrlimit(RLIMIT_AS, &limit) == 0 && file.IsOpen() &&
+                            !file.Read(text, "\r\n") && text == "untouched" &&
+                            file.GetError() == TEXTFILEERROR_TOO_LARGE &&
+                            file.GetErrorText().Find("memory") != -1;
+        _exit(failed ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+#endif
 }
