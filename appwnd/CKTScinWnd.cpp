@@ -86,17 +86,30 @@ bool CKTScinWnd::Save(const char*) { return false; }
 
 int CKTScinWnd::LoadFile(CString path) {
     if (path.IsEmpty()) return 1;
-    CString text;
-    if (!readFileText(path, text)) return 0;
-    lastFileError.Empty();
-    SendEditor(SCI_CLEARALL);
-    initScintilla();
-    ApplyOptionOnRealtime();  // the property file's styles must not stand for the user's own
-    SetText(std::move(text), 0);
+    if (SendEditor(SCI_GETREADONLY)) {
+        // A read-only window (the output viewer) replaces its text through its own guarded
+        // SetText, which lifts read-only for the change.
+        CString text;
+        if (!readFileText(path, text)) return 0;
+        lastFileError.Empty();
+        SendEditor(SCI_CLEARALL);
+        reconfigure();
+        SetText(std::move(text), 0);
+    } else {
+        // The file streams into the engine without a second copy of its text; a load that
+        // fails leaves the document as it was.
+        if (!CScintillaWnd::LoadFile(path.c_str())) return 0;
+        reconfigure();
+    }
     SendEditor(SCI_EMPTYUNDOBUFFER);
-    SendEditor(SCI_SETSAVEPOINT);  // also for an empty file, which SetText leaves alone
+    SendEditor(SCI_SETSAVEPOINT);  // also for an empty file
     GotoPosition(0);
     return 1;
+}
+
+void CKTScinWnd::reconfigure() {
+    initScintilla();
+    ApplyOptionOnRealtime();  // the property file's styles must not stand for the user's own
 }
 
 int CKTScinWnd::SaveFile(const char* path, int encoding) { return CScintillaWnd::SaveFile(path, encoding, fileBackup != 0); }
@@ -134,8 +147,7 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
 }
 
 void CKTScinWnd::ApplyVisualOption() {
-    initScintilla();
-    ApplyOptionOnRealtime();  // the property file's styles must not stand for the user's own
+    reconfigure();
     Refresh();
 }
 

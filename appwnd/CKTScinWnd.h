@@ -96,6 +96,8 @@ protected:
 
     void setForegroundColor(EM_ColorIndex index, unsigned long colour);
     void refreshHScrollSize(int samples);
+    // The property file's configuration again, then the user's options over it.
+    void reconfigure();
     void traceEntry(const char* where, int sourceLine) const;
 
     // SQL formatting (protected).

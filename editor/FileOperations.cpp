@@ -71,7 +71,10 @@ int CScintillaWnd::LoadFile(const char* path) {
         }
         SendEditor(SCI_DELETERANGE, 0, oldLength);
         SendEditor(SCI_EMPTYUNDOBUFFER);
-        SendEditor(SCI_SETUNDOCOLLECTION, 1);
+        SendEditor(SCI_SETUNDOCOLLECTION, collecting);
+        SendEditor(SCI_SETSAVEPOINT);
+    } else {
+        SendEditor(SCI_CLEARALL);  // an empty file gives an empty, unmodified document
         SendEditor(SCI_SETSAVEPOINT);
     }
     reader.Close();
