@@ -106,6 +106,9 @@ void CScintillaWnd::SetKeywordStyle() {
     SendEditor(SCI_SETLEXERLANGUAGE, 0, reinterpret_cast<LPARAM>(language.c_str()));
     SendEditor(SCI_SETSTYLEBITS, WPARAM(SendEditor(SCI_GETSTYLEBITSNEEDED)));
     RegisterKeyword();
+    // Clearing the styles counts the whole text as styled; the lexer must start again from
+    // the top, as the text is shown, or text already in the document stays uncoloured.
+    SendEditor(SCI_STARTSTYLING, 0, 0);
 }
 
 void CScintillaWnd::RegisterKeyword() {

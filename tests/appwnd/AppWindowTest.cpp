@@ -207,6 +207,8 @@ TEST_F(AppWindowTest, LoadingAFileThatCannotBeReadKeepsTheOpenDocument) {
     EXPECT_EQ(window->LoadFile(good.constData()), 1);
     EXPECT_EQ(window->GetText(), "select 1;\r\n");
     EXPECT_EQ(send(SCI_CANUNDO), 0);
+    window->GetSafeHwnd()->grab();  // a paint: the loaded text is lexed as it shows
+    EXPECT_EQ(send(SCI_GETSTYLEAT, 0), 5);  // the SQL lexer's keyword style
 
     // An empty file leaves an empty, unmodified document.
     const QByteArray empty = dir.filePath("empty.sql").toUtf8();
