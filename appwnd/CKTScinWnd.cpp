@@ -121,7 +121,7 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
     const char* fontResource = LoadResourceString(kDefaultFontNameString);
     CString fontName = fontResource && *fontResource ? CString(fontResource) : CKTMgrSetting::GetGlobalFontName();
     int fontSize = 10;
-    BOOL folding = 1, keepTab = 0, backup = 0;
+    BOOL folding = 1, keepTab = 0, backup = 0, keepEnds = 0;
     int tabSize = 4;
     if (setting.GetKey()) {
         fontName = setting.GetString("Editor Font Name", fontName);
@@ -131,6 +131,8 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
         backup = setting.GetBOOL("File Backup", backup);
         tabSize = setting.GetInt("Tab Size", tabSize);
         blankAfterComment = setting.GetBOOL("Blank After Comment", blankAfterComment);
+        // A save writes the line ends the file had when it was loaded, instead of CR LF.
+        keepEnds = setting.GetBOOL("Keep Line Ends", keepEnds);
     }
     if (fontSize < 5 || fontSize > 1000) fontSize = 10;
     if (tabSize < 1 || tabSize > 256) tabSize = 4;
@@ -143,6 +145,7 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
         SendEditor(SCI_SETINDENT, WPARAM(SendEditor(SCI_GETTABWIDTH)));
     }
     fileBackup = backup;
+    keepLineEnds = keepEnds != 0;
     SetColorFromReg(SendEditor(SCI_GETREADONLY) == 0 ? 1 : 0);
 }
 

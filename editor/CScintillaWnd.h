@@ -488,6 +488,10 @@ protected:
     int ansiCodePage = 949;
     std::unique_ptr<CGotoDlg> gotoDialog;
     CString lastFileError;
+    // The line ends a save writes: CR LF, or with keepLineEnds those of the file last loaded.
+    int fileEolMode = SC_EOL_CRLF;
+    bool keepLineEnds = false;
+    int savedEolMode() const { return keepLineEnds ? fileEolMode : int(SC_EOL_CRLF); }
 
     // Find and replace state beyond the find fields above.
     std::unique_ptr<CFindTextDlg> findDialog;

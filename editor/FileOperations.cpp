@@ -14,6 +14,7 @@ bool CScintillaWnd::readFileText(const char* path, CString& text) {
         lastFileError = reader.GetErrorText();
         return false;
     }
+    fileEolMode = lineends::EolModeOf(reader.GetLineEnd());
     reader.Close();
     return true;
 }
@@ -77,6 +78,7 @@ int CScintillaWnd::LoadFile(const char* path) {
         SendEditor(SCI_CLEARALL);  // an empty file gives an empty, unmodified document
         SendEditor(SCI_SETSAVEPOINT);
     }
+    fileEolMode = lineends::EolModeOf(reader.GetLineEnd());
     reader.Close();
     lastFileError.Empty();
     if (noFocusOnSetText == 0) SetFocus();
@@ -93,7 +95,7 @@ int CScintillaWnd::SaveFile(const char* path) {
         return 0;
     }
     CKTTextFileWrite writer(path, TEXTENCODING_UTF8);
-    const CString text = transformLineEnds(GetText(), SC_EOL_CRLF);
+    const CString text = transformLineEnds(GetText(), savedEolMode());
     if (!writer.IsOpen() || !writer.WriteRaw(text.c_str(), size_t(text.GetLength())) ||
         !writer.Close()) {
         lastFileError = writer.GetErrorText();
@@ -132,7 +134,7 @@ bool CScintillaWnd::writeDocument(const char* path, int encoding, bool backup) {
         lastFileError = writer.GetErrorText();
         return false;
     }
-    const CString text = transformLineEnds(GetText(), SC_EOL_CRLF);
+    const CString text = transformLineEnds(GetText(), savedEolMode());
     if (!writer.Write(text) || !writer.Close()) {
         lastFileError = writer.GetErrorText();
         return false;

@@ -19,6 +19,10 @@ inline const char* EolOf(int eolMode) {
     return eolMode == SC_EOL_CR ? "\r" : (eolMode == SC_EOL_LF ? "\n" : "\r\n");
 }
 
+inline int EolModeOf(std::string_view eol) {
+    return eol == "\r" ? int(SC_EOL_CR) : (eol == "\n" ? int(SC_EOL_LF) : int(SC_EOL_CRLF));
+}
+
 // Finds line-end bytes from left to right. Each byte value is searched with memchr and its
 // next position remembered, so a whole text costs one pass per byte value.
 class LineEndScanner {

@@ -907,6 +907,12 @@ bool CKTTextFileRead::Read(CString& text, const CString& lineEnd) {
     return true;
 }
 
+const char* CKTTextFileRead::GetLineEnd() const {
+    if (lfs_ > crLfs_ && lfs_ >= crs_) return "\n";
+    if (crs_ > crLfs_ && crs_ > lfs_) return "\r";
+    return "\r\n";
+}
+
 bool CKTTextFileRead::CloseFile() {
     if (fd_ >= 0) ::close(fd_);
     fd_ = -1;

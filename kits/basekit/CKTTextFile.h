@@ -144,6 +144,8 @@ public:
     bool ReadPieces(const CString& lineEnd, const std::function<bool(const char*, size_t)>& sink);
     // The length in bytes of that text when each line end takes `lineEndLength` bytes.
     size_t GetTextLength(size_t lineEndLength) const;
+    // The line end the file uses most: "\r\n", "\n" or "\r"; "\r\n" for a file without one.
+    const char* GetLineEnd() const;
 
     // After a file failed to decode in the legacy code page: another supported code page in
     // which every byte decodes, picked with ICU's charset detector; 0 when there is none. It is

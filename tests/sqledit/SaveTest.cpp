@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "CFileDialogEx.h"
 #include "MessageBox.h"
@@ -132,4 +133,36 @@ TEST_F(SqlWindowTest, ANamedWindowKeepsTheFilesOwnEncoding) {
     ASSERT_TRUE(window->Save(nullptr));
     EXPECT_EQ(window->GetEncoding(), EncodingUndecided);
     EXPECT_EQ(readAll(path), "select '\xc7\xd1';\r\n--x");
+}
+
+TEST_F(SqlWindowTest, KeepLineEndsSavesTheLineEndsTheFileHad) {
+    QTemporaryDir dir;
+    struct Case { const char* name; QByteArray content; BOOL keep; QByteArray saved; };
+    const Case cases[] = {
+        {"lf.sql", "select 1;\nselect 2;\n", 1, "select 1;\nselect 2;\n--x\n"},
+        {"cr.sql", "select 1;\rselect 2;\r", 1, "select 1;\rselect 2;\r--x\r"},
+        {"mostly-lf.sql", "a\nb\r\nc\n", 1, "a\nb\nc\n--x\n"},
+        {"crlf.sql", "select 1;\r\n", 1, "select 1;\r\n--x\r\n"},
+        {"lf-not-kept.sql", "select 1;\n", 0, "select 1;\r\n--x\r\n"},  // the default: CR LF
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        {
+            CKTMgrSetting setting(0);
+            setting.SetBOOL("Keep Line Ends", c.keep);
+        }
+        window->ApplyOptionOnRealtime();
+        const QString path = dir.filePath(c.name);
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(c.content);
+        f.close();
+        ASSERT_EQ(window->LoadFile(path.toUtf8().constData()), 1);
+        window->SetFilePath(path.toUtf8().constData());
+        send(SCI_DOCUMENTEND);
+        QTest::keyClicks(window->GetSafeHwnd(), "--x");
+        QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
+        ASSERT_TRUE(window->Save(nullptr));
+        EXPECT_EQ(readAll(path), c.saved);
+    }
 }
