@@ -7,6 +7,8 @@
 #include <sqlite3.h>
 
 #include "CNamekitMgr.h"
+#include "EngineAccessible.h"
+#include "QuillEngine.h"
 #include "SqliteNamekitMgr.h"
 #include "SqlWindow.h"
 
@@ -161,4 +163,34 @@ TEST_F(CompletionTest, ARealCatalogAnswersThroughAnAlias) {
     QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
     EXPECT_EQ(window->GetText(), "select o.customer_id from orders o");
     main.SetNamekitMgr(&recorder);
+}
+
+TEST_F(CompletionTest, ACompletionKeyCostsTheSameAtTheEndOfAnyScript) {
+    // The engine work of one completing key at the end of a script of 1 MB and of 8 MB, with
+    // and without assistive technology listening.
+    auto costOfKey = [&](size_t bytes) {
+        std::string script;
+        script.reserve(bytes + 64);
+        while (script.size() < bytes) script += "select o.id, o.total\n  from orders o\n where o.id = 42;\n";
+        script += "select * from orders t where t.";
+        window->SetText(CString(std::move(script)), 0);
+        send(SCI_DOCUMENTEND);
+        QApplication::processEvents();
+        window->engine()->resetCounters();
+        type("c");
+        QApplication::processEvents();
+        return window->engine()->counters();
+    };
+    for (bool listening : {false, true}) {
+        SCOPED_TRACE(listening ? "listening" : "nobody listening");
+        EngineAccessible::Listener previous = nullptr;
+        if (listening) previous = EngineAccessible::installListener([](QAccessibleEvent*) {});
+        const QuillEngine::Counters small = costOfKey(1 << 20), large = costOfKey(8 << 20);
+        if (listening) EngineAccessible::installListener(previous);
+        EXPECT_EQ(small.messages, large.messages);
+        EXPECT_EQ(small.bytesCopied, large.bytesCopied);
+        EXPECT_EQ(small.bytesCounted, large.bytesCounted);
+        EXPECT_STREQ(recorder.names[recorder.names.GetSize() - 1].c_str(), "t.c");
+        EXPECT_STREQ(recorder.queries[recorder.queries.GetSize() - 1].c_str(), "\r\nselect * from orders t where t.c");
+    }
 }
