@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <vector>
 
@@ -393,6 +394,31 @@ void QuillEngine::keyPressEventInner(QKeyEvent* e) {
 void QuillEngine::focusInEvent(QFocusEvent* e) {
     QsciScintillaBase::focusInEvent(e);
     if (owner_) owner_->SendMessage(WM_SETFOCUS, 0, 0);
+}
+
+void QuillEngine::paintEvent(QPaintEvent* e) {
+    colourWhatShows();
+    QsciScintillaBase::paintEvent(e);
+}
+
+void QuillEngine::colourWhatShows() {
+    constexpr double kSyncColouringSeconds = 0.05;
+    // Text that shows already, or follows what is coloured, the engine's paint colours itself
+    // (an edit, a scroll by a page); this is for a jump far ahead of the colouring.
+    const long endStyled = direct(SCI_GETENDSTYLED);
+    const long firstShown = direct(SCI_DOCLINEFROMVISIBLE, WPARAM(direct(SCI_GETFIRSTVISIBLELINE)));
+    if (endStyled >= direct(SCI_POSITIONFROMLINE, WPARAM(firstShown))) return;
+    const long lastShown = direct(SCI_DOCLINEFROMVISIBLE,
+                                  WPARAM(direct(SCI_GETFIRSTVISIBLELINE) + direct(SCI_LINESONSCREEN) + 1));
+    const long shownEnd = std::min(direct(SCI_GETLENGTH), direct(SCI_GETLINEENDPOSITION, WPARAM(lastShown)));
+    const long missing = shownEnd - endStyled;
+    if (missing <= 0 || double(missing) > colouringBytesPerSecond_ * kSyncColouringSeconds) return;
+    const auto start = std::chrono::steady_clock::now();
+    direct(SCI_COLOURISE, WPARAM(endStyled), shownEnd);
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    // Only runs long enough to time well correct the rate; it moves a quarter of the way.
+    if (missing >= (64 << 10) && seconds > 0)
+        colouringBytesPerSecond_ = 0.75 * colouringBytesPerSecond_ + 0.25 * (double(missing) / seconds);
 }
 
 void QuillEngine::resizeEvent(QResizeEvent* e) {

@@ -46,6 +46,7 @@ protected:
     void keyPressEvent(QKeyEvent* e) override;
     void focusInEvent(QFocusEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
+    void paintEvent(QPaintEvent* e) override;
     void contextMenuEvent(QContextMenuEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dragMoveEvent(QDragMoveEvent* e) override;
@@ -73,6 +74,9 @@ private:
                     int foldNow, int foldPrev, int token, int annotationLinesAdded);
     void flushPendingChange();
     void keyPressEventInner(QKeyEvent* e);
+    // Colours the text about to be painted when that is quick (at most kSyncColouringSeconds
+    // by the rate measured so far); more is left to the engine's idle slices.
+    void colourWhatShows();
     bool carriesPrivateDrop(const QMimeData* data) const;
 
     CWnd* owner_;
@@ -89,6 +93,7 @@ private:
     long listTyped_ = 0;
     long listItems_ = 0;
 
+    double colouringBytesPerSecond_ = 20e6;  // a cautious start, corrected by each measurement
     long hostMask_;
     bool maskHearsAssistiveTechnology_ = false;
     struct PendingChange {

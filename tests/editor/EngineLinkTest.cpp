@@ -223,3 +223,27 @@ TEST_F(EditorTest, AssistiveTechnologyHearsOffsetsThatCostTheSameInAnyDocument) 
     EXPECT_EQ(text->text(0, 6), "select");
     EXPECT_TRUE(accessible->state().readOnly);
 }
+
+TEST_F(EditorTest, AJumpFarAheadIsColouredBeforeItShowsOnlyWhenThatIsQuick) {
+    // Whether the last line is coloured when the window first paints after a jump to the end,
+    // and that it is coloured once the window has been idle.
+    editor->keyWordUsingPreCreate = 1;
+    editor->initScintilla();
+    auto jumpToEnd = [&](size_t bytes) {
+        std::string content;
+        content.reserve(bytes + 64);
+        while (content.size() < bytes) content += "select col_a from some_table where id = 42;\n";
+        content += "select 1;";
+        editor->SetText(CString(std::move(content)), 0);
+        editor->GetSafeHwnd()->grab();  // the top shows, coloured
+        QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_End, Qt::ControlModifier);
+        editor->GetSafeHwnd()->grab();
+        const long last = send(SCI_GETLENGTH) - 2;
+        const bool colouredAtOnce = send(SCI_GETENDSTYLED) > last;
+        for (int pass = 0; pass < 100000 && send(SCI_GETENDSTYLED) <= last; ++pass) QApplication::processEvents();
+        EXPECT_EQ(send(SCI_GETSTYLEAT, WPARAM(last - 6)), 5) << "the keyword of the last line";
+        return colouredAtOnce;
+    };
+    EXPECT_TRUE(jumpToEnd(64 << 10));   // well within one paint's budget
+    EXPECT_FALSE(jumpToEnd(16 << 20));  // far beyond it: shown first, coloured moments later
+}
