@@ -405,6 +405,7 @@ void QuillEngine::colourWhatShows() {
     constexpr double kSyncColouringSeconds = 0.05;
     // Text that shows already, or follows what is coloured, the engine's paint colours itself
     // (an edit, a scroll by a page); this is for a jump far ahead of the colouring.
+    if (direct(SCI_GETLEXER) <= SCLEX_NULL) return;  // nothing to colour without a lexer
     const long endStyled = direct(SCI_GETENDSTYLED);
     const long firstShown = direct(SCI_DOCLINEFROMVISIBLE, WPARAM(direct(SCI_GETFIRSTVISIBLELINE)));
     if (endStyled >= direct(SCI_POSITIONFROMLINE, WPARAM(firstShown))) return;
