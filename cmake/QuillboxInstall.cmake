@@ -58,13 +58,14 @@ install(FILES ${QUILLBOX_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
 install(EXPORT QuillboxTargets NAMESPACE Quillbox:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Quillbox)
 
 set(QUILLBOX_PROPERTIES_INSTALL_FILE ${CMAKE_INSTALL_DATADIR}/quillbox/properties/SciTEGlobal.properties)
+set(QUILLBOX_TRANSLATIONS_INSTALL_DIR ${CMAKE_INSTALL_DATADIR}/quillbox/translations)
 install(FILES ${PROJECT_SOURCE_DIR}/properties/SciTEGlobal.properties
   DESTINATION ${CMAKE_INSTALL_DATADIR}/quillbox/properties)
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QuillboxConfig.cmake.in
   ${PROJECT_BINARY_DIR}/QuillboxConfig.cmake
   INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Quillbox
-  PATH_VARS QUILLBOX_PROPERTIES_INSTALL_FILE)
+  PATH_VARS QUILLBOX_PROPERTIES_INSTALL_FILE QUILLBOX_TRANSLATIONS_INSTALL_DIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillboxConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES
