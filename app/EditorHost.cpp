@@ -10,12 +10,11 @@
 #include <cstring>
 
 namespace {
-QString tr(const char* text) { return QCoreApplication::translate("QuillboxApp", text); }
-
 EditorHost::CloseAnswer askUser(QWidget* parent, const QString& fileName) {
-    const auto answer = QMessageBox::warning(
-        parent, tr("Quillbox"), tr("Save the changes to %1?").arg(fileName),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    const auto answer =
+        QMessageBox::warning(parent, QCoreApplication::translate("QuillboxApp", "Quillbox"),
+                             QCoreApplication::translate("QuillboxApp", "Save the changes to %1?").arg(fileName),
+                             QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     if (answer == QMessageBox::Save) return EditorHost::CloseAnswer::Save;
     if (answer == QMessageBox::Discard) return EditorHost::CloseAnswer::Discard;
     return EditorHost::CloseAnswer::Cancel;
@@ -44,21 +43,25 @@ EditorHost::EditorHost(const CString& database) : catalog_(database) {
     window_.installEventFilter(this);
     closeQuestion_ = [this](const QString& name) { return askUser(&window_, name); };
 
-    QMenu* file = window_.menuBar()->addMenu(tr("&File"));
-    file->addAction(tr("&Open..."), QKeySequence::Open, [this] {
-        const QString path = QFileDialog::getOpenFileName(&window_, QString(), QString(),
-                                                          tr("SQL Files (*.sql);;All Files (*)"));
+    QMenu* file = window_.menuBar()->addMenu(QCoreApplication::translate("QuillboxApp", "&File"));
+    file->addAction(QCoreApplication::translate("QuillboxApp", "&Open..."), QKeySequence::Open, [this] {
+        const QString path = QFileDialog::getOpenFileName(
+            &window_, QString(), QString(),
+            QCoreApplication::translate("QuillboxApp", "SQL Files (*.sql);;All Files (*)"));
         if (path.isEmpty()) return;
         CString error;
         if (!open(path.toUtf8().constData(), &error))
-            QMessageBox::warning(&window_, tr("Quillbox"), QString::fromUtf8(error.c_str()));
+            QMessageBox::warning(&window_, QCoreApplication::translate("QuillboxApp", "Quillbox"),
+                                 QString::fromUtf8(error.c_str()));
     });
-    file->addAction(tr("&Save"), QKeySequence::Save, [this] {
+    file->addAction(QCoreApplication::translate("QuillboxApp", "&Save"), QKeySequence::Save, [this] {
         if (editor_.Save(nullptr)) updateTitle();
     });
-    file->addAction(tr("&Print..."), QKeySequence::Print, [this] { editor_.Print(true); });
+    file->addAction(QCoreApplication::translate("QuillboxApp", "&Print..."), QKeySequence::Print,
+                    [this] { editor_.Print(true); });
     file->addSeparator();
-    file->addAction(tr("&Quit"), QKeySequence::Quit, [this] { window_.close(); });
+    file->addAction(QCoreApplication::translate("QuillboxApp", "&Quit"), QKeySequence::Quit,
+                    [this] { window_.close(); });
     updateTitle();
 }
 
@@ -88,24 +91,25 @@ bool EditorHost::open(const char* path, CString* error) {
 
 QString EditorHost::fileName() const {
     const CString path = editor_.GetFilePath();
-    return path.IsEmpty() ? tr("Untitled") : QFileInfo(QString::fromUtf8(path.c_str())).fileName();
+    return path.IsEmpty() ? QCoreApplication::translate("QuillboxApp", "Untitled")
+                          : QFileInfo(QString::fromUtf8(path.c_str())).fileName();
 }
 
 void EditorHost::updateTitle() {
     // "[*]" is where Qt shows the modified mark.
-    window_.setWindowTitle(tr("%1[*] - Quillbox").arg(fileName()));
+    window_.setWindowTitle(QCoreApplication::translate("QuillboxApp", "%1[*] - Quillbox").arg(fileName()));
     window_.setWindowModified(editor_.GetSafeHwnd() && editor_.IsModified());
 }
 
 bool EditorHost::mayClose() {
     if (!editor_.GetSafeHwnd() || !editor_.IsModified()) return true;
     switch (closeQuestion_(fileName())) {
-    case CloseAnswer::Save:
-        return editor_.Save(nullptr);  // a failed or cancelled save keeps the window open
-    case CloseAnswer::Discard:
-        return true;
-    case CloseAnswer::Cancel:
-        return false;
+        case CloseAnswer::Save:
+            return editor_.Save(nullptr);  // a failed or cancelled save keeps the window open
+        case CloseAnswer::Discard:
+            return true;
+        case CloseAnswer::Cancel:
+            return false;
     }
     return false;
 }
