@@ -11,11 +11,8 @@
 // of the window instead of showing it.
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
 #include <QFileInfo>
-#include <QFileDialog>
-#include <QMainWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QLocale>
 #include <QPixmap>
 #include <QTranslator>
@@ -29,21 +26,54 @@
 #include "CDC.h"
 #include "CKTSQLEditWnd.h"
 #include "CKTTextFile.h"
-#include "SqliteNamekitMgr.h"
+#include "EditorHost.h"
 
 namespace {
-int usage() {
-    std::fprintf(stderr,
+int usage(std::FILE* out, int status) {
+    std::fprintf(out,
                  "usage: quillbox edit FILE [--db FILE.sqlite]\n"
                  "       quillbox shot FILE -o OUT.png [--db FILE.sqlite]\n"
                  "       quillbox code --lang LANGUAGE FILE\n"
                  "       quillbox uncode --lang LANGUAGE FILE\n"
                  "       quillbox binds FILE\n"
                  "       quillbox print FILE -o OUT.pdf\n"
+                 "       quillbox --help\n"
                  "LANGUAGE is one of:");
+    for (const CodeLanguage& language : CodeLanguages()) std::fprintf(out, " \"%s\"", language.storedName);
+    std::fprintf(out, "\n");
+    return status;
+}
+int usage() { return usage(stderr, 2); }
+
+// A language name that is none of the nine: says so, suggests the name that differs only in
+// case, and lists the valid names.
+int unknownLanguage(const char* name) {
+    std::fprintf(stderr, "quillbox: unknown language \"%s\"", name);
+    for (const CodeLanguage& language : CodeLanguages())
+        if (QString::fromUtf8(name).compare(QString::fromUtf8(language.storedName), Qt::CaseInsensitive) == 0)
+            std::fprintf(stderr, "; did you mean \"%s\"?", language.storedName);
+    std::fprintf(stderr, "\nthe languages are:");
     for (const CodeLanguage& language : CodeLanguages()) std::fprintf(stderr, " \"%s\"", language.storedName);
     std::fprintf(stderr, "\n");
     return 2;
+}
+
+int fileError(const char* path, const CString& error) {
+    std::fprintf(stderr, "quillbox: %s\n", FileErrorText(path, error).c_str());
+    return 1;
+}
+
+// Why `path` cannot serve as the completion catalog, or an empty text when it can: it must be
+// a readable SQLite database file.
+CString databaseProblem(const char* path) {
+    const QFileInfo info(QString::fromLocal8Bit(path));
+    if (!info.exists()) return "no such file";
+    if (!info.isFile()) return "not a file";
+    QFile file(info.filePath());
+    if (!file.open(QIODevice::ReadOnly)) return CString::fromQString(file.errorString());
+    static constexpr char kHeader[] = "SQLite format 3";  // with its NUL: 16 bytes
+    if (file.read(sizeof kHeader) != QByteArray(kHeader, sizeof kHeader)) return "not an SQLite database";
+    return CString();
 }
 
 void printBytes(const QByteArray& bytes) { std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout); }
@@ -67,12 +97,10 @@ private:
 int runCode(const char* language, const char* file, bool toCode) {
     BatchWindow batch;
     CKTSQLEditWnd& w = batch.window();
-    if (!batch.ok() || !w.SelectCodeLanguage(language)) return usage();
+    if (!batch.ok()) return 1;
+    if (!w.SelectCodeLanguage(language)) return unknownLanguage(language);
     if (toCode) {
-        if (!w.LoadFile(file)) {
-            std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, w.GetLastFileError().c_str());
-            return 1;
-        }
+        if (!w.LoadFile(file)) return fileError(file, w.GetLastFileError());
         w.SendMessage(SCI_SELECTALL);
         QGuiApplication::clipboard()->clear();
         w.OnMakeCode();
@@ -81,10 +109,7 @@ int runCode(const char* language, const char* file, bool toCode) {
     }
     CKTTextFileRead reader(file);
     CString source;
-    if (!reader.IsOpen() || !reader.Read(source, "\r\n")) {
-        std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, reader.GetErrorText().c_str());
-        return 1;
-    }
+    if (!reader.IsOpen() || !reader.Read(source, "\r\n")) return fileError(file, reader.GetErrorText());
     QGuiApplication::clipboard()->setText(source.toQString());
     w.OnStripCode();
     printBytes(QByteArray(w.GetText().c_str()));
@@ -95,10 +120,7 @@ int runBinds(const char* file) {
     BatchWindow batch;
     CKTSQLEditWnd& w = batch.window();
     if (!batch.ok()) return 1;
-    if (!w.LoadFile(file)) {
-        std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, w.GetLastFileError().c_str());
-        return 1;
-    }
+    if (!w.LoadFile(file)) return fileError(file, w.GetLastFileError());
     // Line by line, as the copy does: a literal or comment never spans the scan of a line.
     for (int line = 0; line < w.GetLineCount(); ++line) {
         const CString text = w.GetLineChars(line);
@@ -113,10 +135,7 @@ int runPrint(const char* file, const char* pdf) {
     BatchWindow batch;
     CKTSQLEditWnd& w = batch.window();
     if (!batch.ok()) return 1;
-    if (!w.LoadFile(file)) {
-        std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, w.GetLastFileError().c_str());
-        return 1;
-    }
+    if (!w.LoadFile(file)) return fileError(file, w.GetLastFileError());
     w.SetFilePath(file);
     SetDefaultPrintOutput(pdf);
     w.Print(false);
@@ -130,66 +149,13 @@ int runPrint(const char* file, const char* pdf) {
 }
 
 bool hasDisplay() {
+    // A platform the user chose counts, unless it is one that shows nothing.
     const char* platform = std::getenv("QT_QPA_PLATFORM");
-    if (platform && *platform) return true;  // the user chose a platform
+    if (platform && *platform)
+        return std::strncmp(platform, "offscreen", 9) != 0 && std::strncmp(platform, "minimal", 7) != 0;
     return (std::getenv("DISPLAY") && *std::getenv("DISPLAY")) ||
            (std::getenv("WAYLAND_DISPLAY") && *std::getenv("WAYLAND_DISPLAY"));
 }
-
-// The editor the program hosts: an SQL edit window in the main window, with a File menu
-// that opens a script and saves it through the window's own Save, and object completion
-// from a SQLite database.
-class EditorHost {
-public:
-    explicit EditorHost(const CString& database) : catalog_(database) {
-        window_.resize(900, 600);
-        frame_.Attach(&window_);
-        frame_.SetNamekitMgr(&catalog_);
-        AfxSetMainWnd(&frame_);
-        QMenu* file = window_.menuBar()->addMenu(QCoreApplication::translate("QuillboxApp", "&File"));
-        file->addAction(QCoreApplication::translate("QuillboxApp", "&Open..."), QKeySequence::Open, [this] {
-            const QString path = QFileDialog::getOpenFileName(&window_, QString(), QString(),
-                                                              QCoreApplication::translate("QuillboxApp", "SQL Files (*.sql);;All Files (*)"));
-            if (!path.isEmpty()) open(path.toUtf8().constData());
-        });
-        file->addAction(QCoreApplication::translate("QuillboxApp", "&Save"), QKeySequence::Save, [this] { editor_.Save(nullptr); });
-        file->addAction(QCoreApplication::translate("QuillboxApp", "&Print..."), QKeySequence::Print, [this] { editor_.Print(true); });
-        file->addSeparator();
-        file->addAction(QCoreApplication::translate("QuillboxApp", "&Quit"), QKeySequence::Quit, [this] { window_.close(); });
-    }
-
-    bool create() {
-        RECT rect{0, 0, window_.width(), window_.height()};
-        if (!editor_.Create("editor", WS_CHILD | WS_VISIBLE, rect, &frame_, 100)) {
-            std::fprintf(stderr, "quillbox: the editor window could not be made\n");
-            return false;
-        }
-        window_.setCentralWidget(editor_.GetSafeHwnd());
-        return true;
-    }
-
-    bool open(const char* path) {
-        if (!editor_.LoadFile(path)) {
-            std::fprintf(stderr, "quillbox: cannot open %s: %s\n", path, editor_.GetLastFileError().c_str());
-            return false;
-        }
-        editor_.SetFilePath(path);
-        window_.setWindowTitle(QCoreApplication::translate("QuillboxApp", "Quillbox - %1").arg(QString::fromUtf8(path)));
-        return true;
-    }
-
-    QMainWindow& window() { return window_; }
-    ~EditorHost() {
-        AfxSetMainWnd(nullptr);
-        frame_.Detach();
-    }
-
-private:
-    SqliteNamekitMgr catalog_;
-    QMainWindow window_;
-    CNamekitMainWnd frame_;  // hands the SQL window the catalog
-    CKTSQLEditWnd editor_;
-};
 
 bool savePicture(QWidget& window, const char* out) {
     window.show();
@@ -204,6 +170,8 @@ bool savePicture(QWidget& window, const char* out) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i)
+        if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) return usage(stdout, 0);
     if (argc < 3) return usage();
     const std::string command = argv[1];
     if (command == "code" || command == "uncode" || command == "binds" || command == "print") {
@@ -235,6 +203,13 @@ int main(int argc, char** argv) {
     if (offscreen) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     if (command != "edit" && command != "shot") return usage();
     if (command == "shot" && !picture) return usage();
+    if (database) {
+        const CString problem = databaseProblem(database);
+        if (!problem.IsEmpty()) {
+            std::fprintf(stderr, "quillbox: cannot use %s as the database: %s\n", database, problem.c_str());
+            return 1;
+        }
+    }
 
     QApplication app(argc, argv);
     // The program's own strings, in the language the library's start chose.
@@ -246,7 +221,15 @@ int main(int argc, char** argv) {
     const CString catalog = database ? CString(database)
                                      : CString::fromQString(QCoreApplication::applicationDirPath() + "/sample.sqlite");
     EditorHost host(catalog);
-    if (!host.create() || !host.open(file)) return 1;
+    if (!host.create()) {
+        std::fprintf(stderr, "quillbox: the editor window could not be made\n");
+        return 1;
+    }
+    CString error;
+    if (!host.open(file, &error)) {
+        std::fprintf(stderr, "quillbox: %s\n", error.c_str());
+        return 1;
+    }
     if (offscreen) return savePicture(host.window(), picture) ? 0 : 1;
     host.window().show();
     return app.exec();

@@ -1,5 +1,10 @@
-# Installs libquillbox.so, one public header per chief class under include/quillbox/, a CMake
-# package (find_package(Quillbox) gives Quillbox::quillbox) and quillbox.pc.
+# Installs libquillbox.so, one public header per chief class under include/quillbox/, the
+# property file for hosts under share/quillbox/, a CMake package (find_package(Quillbox) gives
+# Quillbox::quillbox and quillbox_deploy_properties) and quillbox.pc.
+#
+# Hosts include the headers as <quillbox/Name.h>, and only include/ is on their include path:
+# the headers reach each other by quoted sibling names, so a host's own System.h or Registry.h
+# is never shadowed by the library's.
 include(CMakePackageConfigHelpers)
 
 set(QUILLBOX_PUBLIC_HEADERS
@@ -52,9 +57,15 @@ install(TARGETS quillbox EXPORT QuillboxTargets
 install(FILES ${QUILLBOX_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillbox)
 install(EXPORT QuillboxTargets NAMESPACE Quillbox:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Quillbox)
 
+set(QUILLBOX_PROPERTIES_INSTALL_FILE ${CMAKE_INSTALL_DATADIR}/quillbox/properties/SciTEGlobal.properties)
+set(QUILLBOX_TRANSLATIONS_INSTALL_DIR ${CMAKE_INSTALL_DATADIR}/quillbox/translations)
+install(FILES ${PROJECT_SOURCE_DIR}/properties/SciTEGlobal.properties
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/quillbox/properties)
+
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QuillboxConfig.cmake.in
   ${PROJECT_BINARY_DIR}/QuillboxConfig.cmake
-  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Quillbox)
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Quillbox
+  PATH_VARS QUILLBOX_PROPERTIES_INSTALL_FILE QUILLBOX_TRANSLATIONS_INSTALL_DIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillboxConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES

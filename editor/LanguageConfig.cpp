@@ -2,8 +2,12 @@
 // keyword lists expanded for the file name "x.sql", style strings expanded plainly.
 #include <algorithm>
 #include <cstdio>
+#include <mutex>
+#include <set>
+#include <string>
 
 #include "CKTUtil.h"
+#include "CKTUtilTrace.h"
 #include "CScintillaWnd.h"
 #include "System.h"
 
@@ -42,7 +46,15 @@ void CScintillaWnd::ReadGlobalPropFile() {
     props.Clear();
     const FilePath folder(PropertiesFolder().c_str());
     const FilePath file(folder, FilePath(kPropertyFile));
-    props.Read(file, folder, imports, 50);  // a missing file leaves the table empty
+    // A missing file leaves the table empty and the SQL uncoloured. A host that forgot to
+    // ship the file learns where it was looked for, once per path, whatever the trace level.
+    if (!props.Read(file, folder, imports, 50)) {
+        static std::mutex reported;
+        static std::set<std::string> paths;
+        const std::lock_guard lock(reported);
+        if (paths.insert(file.AsInternal()).second)
+            CKTUtilTrace::WriteLogFileInTemp("property file not found: %s : ( %d )", file.AsInternal(), __LINE__);
+    }
 }
 
 void CScintillaWnd::ForwardPropertyToEditor(const char* key) {

@@ -9,6 +9,7 @@
 
 #include "CFileDialogEx.h"
 #include "CKTRegistry.h"
+#include "BindScanner.h"
 #include "CNamekitMgr.h"
 #include "StatementExtraction.h"
 #include "CopyAsCode.h"
@@ -101,8 +102,7 @@ LRESULT CKTSQLEditWnd::OnInsertText(WPARAM wParam, LPARAM) {
     return 0;
 }
 
-void CKTSQLEditWnd::OnMakeCode() {
-    if (FindCodeLanguage(scriptLangCode) == nullptr) return;
+CString CKTSQLEditWnd::codeSource() {
     CPoint from(0, 0), to;
     if (IsSelection()) {
         GetSelection(from, to);
@@ -110,8 +110,82 @@ void CKTSQLEditWnd::OnMakeCode() {
         to.y = GetLineCount() - 1;
         to.x = int(SendEditor(SCI_LINELENGTH, WPARAM(to.y)));
     }
-    const CString code = MakeCode(scriptLangCode, GetText(from, to));
+    return GetText(from, to);
+}
+
+void CKTSQLEditWnd::putCode(const CString& code) {
     if (!code.IsEmpty()) PutToClipboard(code);
+}
+
+void CKTSQLEditWnd::pasteSql(const CString& sql) {
+    SendEditor(SCI_BEGINUNDOACTION);
+    PasteText(sql);
+    SendEditor(SCI_ENDUNDOACTION);
+}
+
+void CKTSQLEditWnd::OnMakeCode() {
+    if (FindCodeLanguage(scriptLangCode) == nullptr) return;
+    putCode(MakeCode(scriptLangCode, codeSource()));
+}
+
+void CKTSQLEditWnd::copyToLanguageCode(CString variable, CString quote, CString escape, CString continuation,
+                                       CString lineTail, CString terminator) {
+    putCode(CopyToLanguageCode(codeSource(), variable, quote, escape, continuation, lineTail, terminator));
+}
+
+void CKTSQLEditWnd::copyToLanguageCodeEx(CString variable, CString quote, CString escape, CString continuation,
+                                         CString lineTail, CString terminator, CString assign, bool alignToVariable) {
+    putCode(CopyToLanguageCodeEx(codeSource(), variable, quote, escape, continuation, lineTail, terminator, assign,
+                                 alignToVariable));
+}
+
+void CKTSQLEditWnd::copyToLanguageCodeEx2(CString variable, CString quote, CString openWrap, CString closeWrap,
+                                          CString escape, CString continuation, CString lineTail,
+                                          CString terminator, CString assign, bool alignToVariable) {
+    putCode(CopyToLanguageCodeEx2(codeSource(), variable, quote, openWrap, closeWrap, escape, continuation, lineTail,
+                                  terminator, assign, alignToVariable));
+}
+
+void CKTSQLEditWnd::copyToPerlCode(CString variable, CString quote, CString escape, CString continuation,
+                                   CString lineTail, CString terminator) {
+    putCode(CopyToPerlCode(codeSource(), variable, quote, escape, continuation, lineTail, terminator));
+}
+
+void CKTSQLEditWnd::copyToJavaCode(CString variable, CString builderType, CString appendMethod) {
+    putCode(CopyToJavaCode(codeSource(), variable, builderType, appendMethod));
+}
+
+void CKTSQLEditWnd::pasteFromLanguageCode(char escape, CString text) {
+    if (text.IsEmpty() && !GetFromClipboard(text)) return;
+    pasteSql(PasteFromLanguageCode(escape, text));
+}
+
+void CKTSQLEditWnd::pasteFromCCode() {
+    CString text;
+    if (!GetFromClipboard(text)) return;
+    pasteSql(PasteFromCCode(text));
+}
+
+void CKTSQLEditWnd::pasteFromJavaCode() {
+    CString text;
+    if (!GetFromClipboard(text)) return;
+    pasteSql(PasteFromJavaCode(text));
+}
+
+int CKTSQLEditWnd::findBindPosition(CString text, int& start, int& end) { return FindBindPosition(text, start, end); }
+
+int CKTSQLEditWnd::findBindReplacePosition(CString text, int& position) {
+    return FindBindReplacePosition(text, position);
+}
+
+bool CKTSQLEditWnd::GetSingleQuery(CString& text, bool& armed, bool forward) {
+    return StatementExtractor::GetSingleQuery(text, armed, forward);
+}
+
+CString CKTSQLEditWnd::InitToken(CString word) { return StatementExtractor::InitToken(word); }
+
+CString CKTSQLEditWnd::CheckComment(CString line, CStringArray& ranges, int lineNo, int column) {
+    return StatementExtractor::CheckComment(line, ranges, lineNo, column);
 }
 
 void CKTSQLEditWnd::OnUpdateMakeCode(CCmdUI* ui) {
@@ -122,9 +196,7 @@ void CKTSQLEditWnd::OnStripCode() {
     CString clipboard, sql;
     if (!GetFromClipboard(clipboard)) return;
     if (!PasteFromCode(scriptLangCode, clipboard, sql)) return;
-    SendEditor(SCI_BEGINUNDOACTION);
-    PasteText(sql);
-    SendEditor(SCI_ENDUNDOACTION);
+    pasteSql(sql);
 }
 
 void CKTSQLEditWnd::OnUpdateStripCode(CCmdUI* ui) {

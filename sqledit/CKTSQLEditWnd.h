@@ -64,6 +64,14 @@ public:
     static constexpr UINT kAskCompletionManager = 0x07EC;
     static constexpr UINT kCompletionAnswer = 0x043A;
 
+    // Bind variables in a piece of SQL; literals and comments are passed over, and nothing
+    // before the starting index is known. findBindPosition: 1 when a named bind (":name",
+    // "&name", ":rec.field", ...) starts at or after `start`, which becomes the marker's index,
+    // with `end` the index behind the name. findBindReplacePosition: 1 when a '?' placeholder
+    // stands at or after `position`, which becomes its index. On 0 the indexes stay as they were.
+    static int findBindPosition(CString text, int& start, int& end);
+    static int findBindReplacePosition(CString text, int& position);
+
 protected:
     int OnCreate();
     void OnEditComment() { StartBlockComment(1); }
@@ -75,6 +83,43 @@ protected:
     int DoDropText(COleDataObject* data, const CPoint& point) override;
     virtual int DoDropAnother(COleDataObject* data, const CPoint& point);
     void setScriptLangCode(EM_LangCode code);
+
+    // The copy routines behind OnMakeCode, for windows that add languages of their own: each
+    // puts the selection (the whole script without one) on the clipboard as a string literal
+    // built from the given parts, and leaves the clipboard alone when there is nothing to copy.
+    // copyToLanguageCode: `assign` "=", aligned; copyToLanguageCodeEx: no wraps; Ex2 is the
+    // general template. copyToPerlCode numbers the binds ":1", ":2", ...; copyToJavaCode builds
+    // "<builderType> <variable> = new <builderType>();" and one append per line, binds as "?".
+    void copyToLanguageCode(CString variable, CString quote, CString escape, CString continuation,
+                            CString lineTail, CString terminator);
+    void copyToLanguageCodeEx(CString variable, CString quote, CString escape, CString continuation,
+                              CString lineTail, CString terminator, CString assign, bool alignToVariable);
+    void copyToLanguageCodeEx2(CString variable, CString quote, CString openWrap, CString closeWrap, CString escape,
+                               CString continuation, CString lineTail, CString terminator, CString assign,
+                               bool alignToVariable);
+    void copyToPerlCode(CString variable, CString quote, CString escape, CString continuation, CString lineTail,
+                        CString terminator);
+    void copyToJavaCode(CString variable, CString builderType, CString appendMethod);
+
+    // The paste routines behind OnStripCode: source code becomes SQL that replaces the
+    // selection, in one undo step. pasteFromLanguageCode reads `text`, or the clipboard when
+    // `text` is empty, and undoes `escape` before each quote; pasteFromCCode reads C strings
+    // (continued by backslashes too); pasteFromJavaCode also turns each '?' into ":Bind1",
+    // ":Bind2", ... A clipboard without text changes nothing.
+    void pasteFromLanguageCode(char escape, CString text);
+    void pasteFromCCode();
+    void pasteFromJavaCode();
+
+    // The pieces of GetCurrentQuery. GetSingleQuery scans `text` forward or backward for a
+    // statement boundary (';', "begin", "for", "loop", or "is"/"as" paired with "select"); at
+    // one it cuts `text` to the caret's side and returns false, else leaves it and returns
+    // true. InitToken is a word's normal form: lower case, without clinging parentheses.
+    static bool GetSingleQuery(CString& text, bool& armed, bool forward);
+    static CString InitToken(CString word);
+    // The code part of `line` (line `lineNo`) seen from `column`: empty when the column lies in
+    // one of the block comments of `ranges` ("first,last" lines), else `line` cut at the first
+    // "--" at or after `column`. Nothing in the library calls it; derived windows may.
+    CString CheckComment(CString line, CStringArray& ranges, int lineNo, int column);
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
@@ -88,6 +133,9 @@ protected:
 
 private:
     class CNamekitMgr* completionManager();
+    CString codeSource();                      // the selection, or the whole script without one
+    void putCode(const CString& code);         // on the clipboard unless empty
+    void pasteSql(const CString& sql);         // replaces the selection as one undo step
     CString applyChangeCase(CString list) const;
     void cancelList();
     void setOption();

@@ -4,10 +4,6 @@
 <context>
     <name>QuillboxApp</name>
     <message>
-        <source>Quillbox - %1</source>
-        <translation>Quillbox - %1</translation>
-    </message>
-    <message>
         <source>&amp;File</source>
         <translation>&amp;File</translation>
     </message>
@@ -30,6 +26,22 @@
     <message>
         <source>&amp;Print...</source>
         <translation>&amp;Print...</translation>
+    </message>
+    <message>
+        <source>Quillbox</source>
+        <translation>Quillbox</translation>
+    </message>
+    <message>
+        <source>Save the changes to %1?</source>
+        <translation>Save the changes to %1?</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Untitled</translation>
+    </message>
+    <message>
+        <source>%1[*] - Quillbox</source>
+        <translation>%1[*] - Quillbox</translation>
     </message>
 </context>
 </TS>

@@ -4,10 +4,6 @@
 <context>
     <name>QuillboxApp</name>
     <message>
-        <source>Quillbox - %1</source>
-        <translation>Quillbox - %1</translation>
-    </message>
-    <message>
         <source>&amp;File</source>
         <translation>파일(&amp;F)</translation>
     </message>
@@ -30,6 +26,22 @@
     <message>
         <source>&amp;Print...</source>
         <translation>인쇄(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Quillbox</source>
+        <translation>Quillbox</translation>
+    </message>
+    <message>
+        <source>Save the changes to %1?</source>
+        <translation>%1의 변경 내용을 저장하시겠습니까?</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>제목 없음</translation>
+    </message>
+    <message>
+        <source>%1[*] - Quillbox</source>
+        <translation>%1[*] - Quillbox</translation>
     </message>
 </context>
 </TS>
