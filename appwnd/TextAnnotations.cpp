@@ -82,12 +82,6 @@ void TextAnnotations::Clear() {
     send_(SCI_ANNOTATIONCLEARALL, 0, 0);
 }
 
-CString TextAnnotations::Message(int id) const {
-    for (const Entry& e : entries_)
-        if (e.id == id) return e.message;
-    return CString();
-}
-
 void TextAnnotations::FollowEdits() {
     if (entries_.empty()) return;
     // Walk the runs of the indicator: two per annotation at most, plus one.

@@ -26,8 +26,6 @@ public:
     bool Remove(int id);
     void Clear();
     int Count() const { return int(entries_.size()); }
-    // The message of an annotation, empty when it is gone.
-    CString Message(int id) const;
 
     // Drops every annotation whose range no longer holds the text it marked: an edit inside
     // the range, or one that deleted it. The work grows with the number of annotations, not
