@@ -10,6 +10,9 @@
 #include <cstdlib>
 
 #include "CEditorFailDlg.h"
+#include "ColourTheme.h"
+#include "EditorSettings.h"
+#include "TextAnnotations.h"
 #include "CKTRegistry.h"
 #include "CKTUtil.h"
 #include "CKTUtilTrace.h"
@@ -19,20 +22,24 @@
 #include "System.h"
 
 namespace {
+// The six colour groups; their default colours come from the colour theme.
 struct ColourRow {
     EM_ColorIndex index;
     const char* valueName;
-    COLORREF defaultColour;
     std::vector<int> styles;  // styles of the SQL lexer the colour applies to
 };
 
 const ColourRow kColourRows[] = {
-    {ColorText, "Text", 0x000000, {0, 10, 11}},    {ColorNumber, "Number", 0x0000FF, {4}},
-    {ColorString, "String", 0x000080, {6, 7}},     {ColorKeyword, "Keyword", 0xFF0000, {5}},
-    {ColorFunction, "Function", 0x800080, {20}},   {ColorComment, "Comment", 0x009100, {1, 2, 3, 13}},
+    {ColorText, "Text", {0, 10, 11}},    {ColorNumber, "Number", {4}},      {ColorString, "String", {6, 7}},
+    {ColorKeyword, "Keyword", {5}},      {ColorFunction, "Function", {20}}, {ColorComment, "Comment", {1, 2, 3, 13}},
 };
 
-constexpr COLORREF kReadOnlyBackground = 0xC0C0C0;
+bool isGroupStyle(int style) {
+    for (const ColourRow& row : kColourRows)
+        if (std::find(row.styles.begin(), row.styles.end(), style) != row.styles.end()) return true;
+    return false;
+}
+
 constexpr unsigned int kDefaultFontNameString = 277;
 
 // The code page "ANSI" means for the system language.
@@ -56,7 +63,12 @@ COLORREF CKTScinWnd::SystemWindowColour() {
     return colour;
 }
 
-CKTScinWnd::CKTScinWnd() : debugLogLevel(CKTUtilTrace::GetDebugLogLevel()) { traceEntry("CKTScinWnd::CKTScinWnd", __LINE__); }
+CKTScinWnd::CKTScinWnd()
+    : debugLogLevel(CKTUtilTrace::GetDebugLogLevel()),
+      annotations(std::make_unique<TextAnnotations>(
+          [this](long message, WPARAM wParam, LPARAM lParam) { return SendEditor(message, wParam, lParam); })) {
+    traceEntry("CKTScinWnd::CKTScinWnd", __LINE__);
+}
 
 CKTScinWnd::~CKTScinWnd() = default;
 
@@ -75,6 +87,7 @@ int CKTScinWnd::Create(const char* name, DWORD style, const RECT& rect, CWnd* pa
         return 0;
     }
     accelerators = LoadAccelerators(IDR_EDITOR_ACCELERATORS);
+    comfortAccelerators = LoadAccelerators(IDR_COMFORT_ACCELERATORS);
     ModifyStyle(0, WS_CLIPCHILDREN);
     initScintilla();
     SetEncoding(CodePageForLanguage(GetSystemDefaultLangID()));
@@ -123,6 +136,7 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
     int fontSize = 10;
     BOOL folding = 1, keepTab = 0, backup = 0, keepEnds = 0;
     int tabSize = 4;
+    applyComfortOptions(setting);
     if (setting.GetKey()) {
         fontName = setting.GetString("Editor Font Name", fontName);
         fontSize = setting.GetInt("Editor Font Size", fontSize);
@@ -147,6 +161,7 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
     fileBackup = backup;
     keepLineEnds = keepEnds != 0;
     SetColorFromReg(SendEditor(SCI_GETREADONLY) == 0 ? 1 : 0);
+    applyThemeColours();
 }
 
 void CKTScinWnd::ApplyVisualOption() {
@@ -167,8 +182,10 @@ void CKTScinWnd::setForegroundColor(EM_ColorIndex index, unsigned long colour) {
 }
 
 void CKTScinWnd::SetColorFromReg(int editable) {
-    COLORREF editBackground = SystemWindowColour();
-    COLORREF readOnlyBackground = kReadOnlyBackground;
+    const ColourTheme& theme = ColourTheme::ForSetting(colourTheme);
+    COLORREF editBackground =
+        theme.editBackground == ColourTheme::kEngineDefault ? SystemWindowColour() : theme.editBackground;
+    COLORREF readOnlyBackground = theme.readOnlyBackground;
     CKTMgrSetting setting(0);
     CKTRegistry colours, mode;
     if (setting.GetKey() && colours.Open(setting.GetKey(), "Editor Color")) {
@@ -176,10 +193,51 @@ void CKTScinWnd::SetColorFromReg(int editable) {
         readOnlyBackground = colours.GetDWORD("ReadOnly Mode Background Color", readOnlyBackground);
         mode.Open(colours.GetKey(), editable ? "Editable" : "Readonly");
     }
-    for (const ColourRow& row : kColourRows)
-        setForegroundColor(row.index, mode.GetKey() ? mode.GetDWORD(row.valueName, row.defaultColour) : row.defaultColour);
+    for (const ColourRow& row : kColourRows) {
+        const COLORREF fallback = theme.groups[row.index];
+        setForegroundColor(row.index, mode.GetKey() ? mode.GetDWORD(row.valueName, fallback) : fallback);
+    }
     const COLORREF background = editable ? editBackground : readOnlyBackground;
     if (GetBackgroundColor() != background) SetBackgroundColor(background);
+}
+
+void CKTScinWnd::applyThemeColours() {
+    const ColourTheme& theme = ColourTheme::ForSetting(colourTheme);
+    SendEditor(SCI_SETSELBACK, 1, LPARAM(theme.selectionBack));
+    SendEditor(SCI_SETADDITIONALSELBACK, theme.additionalSelectionBack);
+    SendEditor(SCI_SETCARETFORE, theme.caret);
+    SendEditor(SCI_SETADDITIONALCARETFORE, theme.additionalCaret);
+    SendEditor(SCI_SETCARETLINEBACK, theme.caretLineBack);
+    SendEditor(SCI_STYLESETFORE, STYLE_LINENUMBER, LPARAM(theme.marginFore));
+    SendEditor(SCI_STYLESETBACK, STYLE_LINENUMBER, LPARAM(theme.marginBack));
+    const bool ownFoldMargin = theme.foldMarginBack != ColourTheme::kEngineDefault;
+    SendEditor(SCI_SETFOLDMARGINCOLOUR, ownFoldMargin, ownFoldMargin ? LPARAM(theme.foldMarginBack) : 0);
+    SendEditor(SCI_SETFOLDMARGINHICOLOUR, ownFoldMargin, ownFoldMargin ? LPARAM(theme.foldMarginBack) : 0);
+    for (long marker = SC_MARKNUM_FOLDEREND; marker <= SC_MARKNUM_FOLDEROPEN; ++marker) {
+        SendEditor(SCI_MARKERSETFORE, WPARAM(marker), LPARAM(theme.foldMarkerFore));
+        SendEditor(SCI_MARKERSETBACK, WPARAM(marker), LPARAM(theme.foldMarkerBack));
+    }
+    SendEditor(SCI_STYLESETFORE, STYLE_BRACELIGHT, LPARAM(theme.braceFore));
+    SendEditor(SCI_STYLESETBACK, STYLE_BRACELIGHT, LPARAM(theme.braceBack));
+    SendEditor(SCI_STYLESETFORE, STYLE_BRACEBAD, LPARAM(theme.badBraceFore));
+    SendEditor(SCI_INDICSETFORE, kWordHighlightIndicator, LPARAM(theme.wordHighlight));
+    SendEditor(SCI_INDICSETFORE, kCurrentMatchIndicator, LPARAM(theme.currentMatch));
+    SendEditor(SCI_INDICSETALPHA, kCurrentMatchIndicator, theme.currentMatchAlpha);
+    annotations->SetColours(theme.annotationFore, theme.annotationBack, theme.annotationMark);
+    if (!theme.dark) return;
+    // Styles the groups do not cover keep the colours the property file gave them, made
+    // readable on the background: the property file's colours are chosen for a light one.
+    const COLORREF background = GetBackgroundColor();
+    constexpr double kReadable = 4.5;
+    for (int style = 0; style <= STYLE_LASTPREDEFINED; ++style) {
+        if (isGroupStyle(style) || style == STYLE_LINENUMBER || style == STYLE_BRACELIGHT || style == STYLE_BRACEBAD)
+            continue;
+        if (style > STYLE_DEFAULT) SendEditor(SCI_STYLESETBACK, WPARAM(style), LPARAM(background));
+        // A style left at the default black is text like any other.
+        COLORREF fore = COLORREF(SendEditor(SCI_STYLEGETFORE, WPARAM(style)));
+        if (fore == 0x000000) fore = theme.groups[ColorText];
+        SendEditor(SCI_STYLESETFORE, WPARAM(style), LPARAM(WithContrast(fore, background, kReadable)));
+    }
 }
 
 void CKTScinWnd::SetFilePath(CString path) {
@@ -285,7 +343,11 @@ BOOL CKTScinWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
         case SCN_CHARADDED: CharAdded(char(n->ch)); break;
         case SCN_SAVEPOINTREACHED: OnModified(false); break;
         case SCN_SAVEPOINTLEFT: OnModified(true); break;
-        case SCN_UPDATEUI: UpdateUI(); break;
+        case SCN_UPDATEUI:
+            if (n->updated & SC_UPDATE_CONTENT) annotations->FollowEdits();
+            UpdateUI();
+            break;
+        case SCN_ZOOM: storeZoom(); break;
         case SCN_MODIFIED:
             if (n->modificationType & SC_MOD_CHANGEFOLD) FoldChanged(int(n->line), n->foldLevelNow, n->foldLevelPrev);
             break;
@@ -301,15 +363,25 @@ bool CKTScinWnd::IsKeyMessage(const MSG* msg) { return msg && msg->message >= WM
 
 // A key of the table whose command this window does not handle (the host's own keys) is not
 // claimed ahead of the host's shortcuts; one that reaches the window does nothing.
+// The comfort keys come after the table, so that a key the table takes stays the table's.
 BOOL CKTScinWnd::PreTranslateMessage(MSG* msg) {
     if (IsKeyMessage(msg) && accelerators && TranslateAccelerator(this, accelerators, msg)) return TRUE;
+    if (const UINT command = comfortCommand(msg)) {
+        SendMessage(WM_COMMAND, MakeCommandWParam(command, 1), 0);
+        return TRUE;
+    }
+    if (isEscapeToOneCaret(msg)) {
+        returnToOneCaret();
+        return TRUE;
+    }
     return CScintillaWnd::PreTranslateMessage(msg);
 }
 
 BOOL CKTScinWnd::IsAcceleratorKey(const MSG* msg) const {
-    if (!IsKeyMessage(msg) || !accelerators) return FALSE;
-    const UINT command = FindAccelerator(accelerators, msg);
-    return command != 0 && HasCommandHandler(command);
+    if (!IsKeyMessage(msg)) return FALSE;
+    const UINT command = accelerators ? FindAccelerator(accelerators, msg) : 0;
+    if (command != 0 && HasCommandHandler(command)) return TRUE;
+    return comfortCommand(msg) != 0 || isEscapeToOneCaret(msg);
 }
 
 const MessageMap* CKTScinWnd::GetMessageMap() const { return GetThisMessageMap(); }
@@ -366,8 +438,8 @@ const MessageMap* CKTScinWnd::GetThisMessageMap() {
                             static_cast<CKTScinWnd*>(w)->OnUpdateFormatSql(reinterpret_cast<CCmdUI*>(l));
                             return 0;
                         }});
-        const std::vector<MessageMapEntry> menuEntries = MenuCommandEntries();
-        list.insert(list.end(), menuEntries.begin(), menuEntries.end());
+        for (const std::vector<MessageMapEntry>& more : {MenuCommandEntries(), ComfortCommandEntries()})
+            list.insert(list.end(), more.begin(), more.end());
         return list;
     }();
     static const MessageMap map{CScintillaWnd::GetThisMessageMap(), entries.data(), entries.size()};

@@ -2,6 +2,7 @@
 // CKTScinWnd: the editor window as the application knows it. It adds options read from the
 // settings (and applied again whenever the host asks), the six user colours, a file path,
 // clipboard reads, and the routing of the engine's notifications.
+#include <memory>
 #include <vector>
 
 #include "Accelerators.h"
@@ -9,6 +10,8 @@
 #include "CScintillaWnd.h"
 
 struct CCreateContext;
+class TextAnnotations;
+class CKTRegistry;
 
 enum EM_ColorIndex {
     ColorText = 0,
@@ -88,6 +91,17 @@ public:
     // The system's window colour, the default background of an editable window.
     static COLORREF SystemWindowColour();
 
+    // Annotations: the host shows `message` under the first line of [start, end) and the
+    // range is underlined, until the host removes it or the user edits the text of the range.
+    // An empty range takes the word at `start`. The id (above 0), or 0 when nothing can be
+    // marked or the message is empty.
+    int AddAnnotation(long start, long end, CString message);
+    bool RemoveAnnotation(int id);  // false when the id is gone already
+    void ClearAnnotations();
+    int GetAnnotationCount() const;
+    // The colour theme last read from the settings: 0 light, 1 dark.
+    int GetColorTheme() const { return colourTheme; }
+
 protected:
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
@@ -95,6 +109,25 @@ protected:
     using CScintillaWnd::DoDropText;
 
     void setForegroundColor(EM_ColorIndex index, unsigned long colour);
+    // The theme's colours of what surrounds the text; on a dark background the styles
+    // outside the six groups are made readable on the background as it is.
+    void applyThemeColours();
+
+    // Editing comforts (EditingComforts.cpp): zoom, and Escape from several carets to one.
+    static std::vector<MessageMapEntry> ComfortCommandEntries();
+    // The command of a comfort key that this window handles, or 0.
+    UINT comfortCommand(const MSG* msg) const;
+    // Escape while there are several carets (and no list or tip that Escape closes).
+    bool isEscapeToOneCaret(const MSG* msg) const;
+    void returnToOneCaret();
+    void OnZoomIn();
+    void OnZoomOut();
+    void OnZoomReset();
+    // Writes the engine's zoom to the settings when it differs from what is stored.
+    void storeZoom();
+    // Reads zoom, multiple selection and the colour theme; a change back from the dark theme
+    // sets the window up afresh first.
+    void applyComfortOptions(const CKTRegistry& setting);
     void refreshHScrollSize(int samples);
     // The property file's configuration again, then the user's options over it.
     void reconfigure();
@@ -152,6 +185,9 @@ protected:
     CString defaultPath;
     CString saveAsPath;
     HACCEL accelerators = nullptr;
+    HACCEL comfortAccelerators = nullptr;
+    int colourTheme = 0;
+    std::unique_ptr<TextAnnotations> annotations;
 
     // Format options.
     KeywordTestFunc isKeywordFunc = &CKTScinWnd::isSQLKeyword;

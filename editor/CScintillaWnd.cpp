@@ -208,6 +208,13 @@ void CScintillaWnd::initScintilla() {
     SendEditor(SCI_INDICSETSTYLE, 29, INDIC_STRAIGHTBOX);
     SendEditor(SCI_INDICSETALPHA, 29, 192);
     SendEditor(SCI_INDICSETUNDER, 29, 1);
+    // The current match: a box with a solid outline, drawn after the word highlight so that
+    // it shows on top of it and of the selection.
+    SendEditor(SCI_INDICSETSTYLE, kCurrentMatchIndicator, INDIC_STRAIGHTBOX);
+    SendEditor(SCI_INDICSETFORE, kCurrentMatchIndicator, 0x0080FF);
+    SendEditor(SCI_INDICSETALPHA, kCurrentMatchIndicator, 110);
+    SendEditor(SCI_INDICSETOUTLINEALPHA, kCurrentMatchIndicator, 255);
+    SendEditor(SCI_INDICSETUNDER, kCurrentMatchIndicator, 1);
 }
 
 void CScintillaWnd::matchDocumentStyling(bool styled) {
@@ -251,6 +258,7 @@ void CScintillaWnd::UpdateUI() {
     SendEditor(SCI_BRACEHIGHLIGHT, WPARAM(position), match);
     SetMarginWidth();
     HighLightingText();
+    followCurrentMatch();
 }
 
 void CScintillaWnd::Refresh() { SendEditor(SCI_COLOURISE, 0, -1); }

@@ -210,6 +210,10 @@ public:
     // As the bookmark searches, wrapping round the document.
     void FindNextMark(int marker);
     void FindPreviousMark(int marker);
+    // Indicators drawn over the text: every visible occurrence of the selected word, and the
+    // match Find Next selected, which stands out from those occurrences while it stays selected.
+    static constexpr int kWordHighlightIndicator = 29;
+    static constexpr int kCurrentMatchIndicator = 30;
     // The error mark: while the selection keeps one of its ends, no word highlight shows.
     void SetErrorMark(bool on, long start, long end);
     // Selects the word at (offset x, line y counted from 0) and holds it as the error mark.
@@ -350,6 +354,10 @@ protected:
     bool isWordChar(CString text);       // its first byte is no separator
     void clearIndicator(int indicator);
     void RemoveFindMarks();
+    // Lights [start, end) as the current match of Find Next; followCurrentMatch takes the
+    // light away once the selection is no longer that match.
+    void markCurrentMatch(long start, long end);
+    void followCurrentMatch();
     int markLine(int line);  // -1 becomes the caret's line
     void goToMark(int marker, bool forward, bool wrap);
 
@@ -480,6 +488,7 @@ protected:
     int blankAfterComment = 0;
     bool errorMarkShown = false;
     int errorMarkStart = -1, errorMarkEnd = -1;
+    long currentMatchStart = -1, currentMatchEnd = -1;
     int displayLinenumbers = 0;
     int displaySelection = 1;
     int displayFolding = 0;

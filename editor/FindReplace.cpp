@@ -247,6 +247,10 @@ void CScintillaWnd::Replace() {
     replaceDialog->findText = findText;
     const bool selection = IsSelection() != 0;
     replaceDialog->PrepareForShow(selection ? 1 : 0, selection ? 0 : 1);
+    // PrepareForShow writes the find text into the combo again, which drops its selection:
+    // select it once more, so that typing replaces the offered text as in the find dialog.
+    replaceDialog->findCombo.SetFocus();
+    replaceDialog->findCombo.SetEditSel(0, int(replaceDialog->findText.toQString().size()));
 }
 
 int CScintillaWnd::FindNext(bool reverse, bool showWarnings) {
@@ -280,6 +284,7 @@ int CScintillaWnd::FindNext(bool reverse, bool showWarnings) {
     const long matchEnd = SendEditor(SCI_GETTARGETEND);
     EnsureRangeVisible(int(matchStart), int(matchEnd), true);
     SendEditor(SCI_SETSEL, WPARAM(matchStart), matchEnd);
+    markCurrentMatch(matchStart, matchEnd);
     return position;
 }
 

@@ -8,7 +8,7 @@
 namespace {
 constexpr int kBookmark = 0;
 constexpr int kBreakpoint = 1;
-constexpr int kHighlightIndicator = 29;
+constexpr int kHighlightIndicator = CScintillaWnd::kWordHighlightIndicator;
 // The highlight looks at no more display lines than this, however tall the window.
 constexpr long kMaxHighlightLines = 400;
 
@@ -108,6 +108,22 @@ void CScintillaWnd::clearIndicator(int indicator) {
 }
 
 void CScintillaWnd::RemoveFindMarks() {}
+
+void CScintillaWnd::markCurrentMatch(long start, long end) {
+    clearIndicator(kCurrentMatchIndicator);
+    SendEditor(SCI_SETINDICATORCURRENT, kCurrentMatchIndicator);
+    SendEditor(SCI_INDICATORFILLRANGE, WPARAM(start), end - start);
+    currentMatchStart = start;
+    currentMatchEnd = end;
+}
+
+void CScintillaWnd::followCurrentMatch() {
+    if (currentMatchStart < 0) return;
+    const Sci_CharacterRange selection = GetSelection();
+    if (selection.cpMin == currentMatchStart && selection.cpMax == currentMatchEnd) return;
+    clearIndicator(kCurrentMatchIndicator);
+    currentMatchStart = currentMatchEnd = -1;
+}
 
 void CScintillaWnd::HighLightingText() {
     const Sci_CharacterRange selection = GetSelection();

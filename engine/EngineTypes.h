@@ -59,6 +59,7 @@ constexpr UINT SCN_UPDATEUI = 2007;
 constexpr UINT SCN_MODIFIED = 2008;
 constexpr UINT SCN_MARGINCLICK = 2010;
 constexpr UINT SCN_NEEDSHOWN = 2011;
+constexpr UINT SCN_ZOOM = 2018;
 constexpr UINT SCN_AUTOCSELECTION = 2022;
 constexpr UINT SCN_AUTOCCANCELLED = 2025;
 
@@ -68,6 +69,8 @@ constexpr UINT SCI_SHOWLIST_EXT = 9020;       // wParam bytes typed, lParam "|"-
 constexpr UINT SCI_APPENDLIST_EXT = 9021;     // lParam more items for the list that shows
 constexpr UINT SCN_LISTREFRESH_EXT = 9000;    // the list asks its owner for a refresh
 constexpr UINT SCN_LISTMORE_EXT = 9001;       // the list was scrolled to its end
+// Sent by the SQL window to its parent, not by the engine; named here so that codes stay apart.
+constexpr UINT SCN_RUNSTATEMENT_EXT = 9002;   // Ctrl+Enter: run the statement at the caret
 
 // Case modes of SCI_UPPERCASE (wParam); 0 is the engine's own upper-casing.
 constexpr WPARAM SCI_CASE_UPPER = 0;

@@ -246,6 +246,11 @@ void QuillEngine::connectSignals() {
     });
     // Deleting back into the name while a list shows asks the owner to refresh the list.
     connect(this, &QsciScintillaBase::SCN_AUTOCCHARDELETED, this, [this] { emitNotification(SCN_LISTREFRESH_EXT); });
+    connect(this, &QsciScintillaBase::SCN_ZOOM, this, [this] {
+        SCNotification r;
+        r.nmhdr.code = ::SCN_ZOOM;
+        deliver(r);
+    });
     connect(this, &QsciScintillaBase::SCN_NEEDSHOWN, this, [this](int position, int length) {
         SCNotification r;
         r.nmhdr.code = ::SCN_NEEDSHOWN;
@@ -336,13 +341,15 @@ void QuillEngine::deliver(SCNotification& record) {
 }
 
 namespace {
-// The key message of a Qt key event; the keypad's minus has a key code of its own.
+// The key message of a Qt key event; the keypad's minus and plus have key codes of their own.
 MSG keyMessage(QWidget* window, QKeyEvent* e) {
     MSG msg;
     msg.hwnd = window;
     msg.message = WM_KEYDOWN;
-    msg.wParam = (e->key() == Qt::Key_Minus && (e->modifiers() & Qt::KeypadModifier)) ? VK_SUBTRACT
-                                                                                       : VirtualKeyFromQtKey(e->key());
+    const bool keypad = e->modifiers() & Qt::KeypadModifier;
+    msg.wParam = keypad && e->key() == Qt::Key_Minus ? VK_SUBTRACT
+                 : keypad && e->key() == Qt::Key_Plus ? VK_ADD
+                                                       : VirtualKeyFromQtKey(e->key());
     msg.event = e;
     return msg;
 }
@@ -387,6 +394,16 @@ void QuillEngine::keyPressEventInner(QKeyEvent* e) {
             e->accept();
             return;
         }
+    }
+    // A Ctrl chord is a command, never text: the engine gets the key without its character.
+    // Ctrl with Alt is left alone, since AltGr layouts type characters with it.
+    const Qt::KeyboardModifiers chord = e->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    if (chord == Qt::ControlModifier && !e->text().isEmpty()) {
+        QKeyEvent bare(e->type(), e->key(), e->modifiers(), e->nativeScanCode(), e->nativeVirtualKey(),
+                       e->nativeModifiers(), QString(), e->isAutoRepeat(), ushort(e->count()));
+        QsciScintillaBase::keyPressEvent(&bare);
+        e->accept();
+        return;
     }
     QsciScintillaBase::keyPressEvent(e);
 }

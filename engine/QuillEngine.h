@@ -51,6 +51,12 @@ protected:
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dragMoveEvent(QDragMoveEvent* e) override;
     void dropEvent(QDropEvent* e) override;
+    // Mouse chords as editors have them (EngineMouse.cpp): Ctrl+click adds a caret while
+    // multiple selection is on, Alt+drag selects a rectangle, Ctrl+wheel zooms.
+    void mousePressEvent(QMouseEvent* e) override;
+    void mouseMoveEvent(QMouseEvent* e) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
+    void wheelEvent(QWheelEvent* e) override;
 
 private:
     using DirectFunction = std::intptr_t (*)(std::intptr_t, unsigned int, std::uintptr_t, std::intptr_t);
@@ -83,6 +89,9 @@ private:
     DirectFunction directFunction_ = nullptr;
     std::intptr_t directPointer_ = 0;
     Counters counters_;
+    // A Ctrl+drag that adds a selection: the press added it, moves extend it.
+    bool addingSelection_ = false;
+    int zoomWheel_ = 0;  // wheel movement not yet turned into a zoom step
 
     // The engine's mask never holds insert and delete: QScintilla would otherwise scan the
     // document from its start on every edit for its accessibility events. The link asks for

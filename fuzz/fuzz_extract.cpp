@@ -40,6 +40,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     check(source.ReadCount() <= StatementExtractor::kLineBudget + 1, "more lines read than the budget allows");
     checkFromDocument(query, document);
 
+    // Where the statement lies: the same text, inside the document, between bytes that are
+    // not white space.
+    VectorStatementSource again = VectorStatementSource::FromText(text, offset);
+    StatementExtractor::Extent extent;
+    check(StatementExtractor::GetCurrentQuery(again, extent) == query, "the extent changed the statement");
+    if (extent.found) {
+        const CString first = again.LineWithEnd(extent.firstLine), last = again.LineWithEnd(extent.lastLine);
+        check(extent.firstLine <= extent.lastLine && extent.firstColumn < first.GetLength() && extent.endColumn > 0 &&
+                  extent.endColumn <= last.GetLength() &&
+                  (extent.firstLine < extent.lastLine || extent.firstColumn < extent.endColumn),
+              "an extent outside the document");
+        const auto blank = [](char ch) { return ch == ' ' || (ch >= '\t' && ch <= '\r'); };
+        check(!blank(first[extent.firstColumn]) && !blank(last[extent.endColumn - 1]), "an extent that ends in white space");
+    }
+
     // The same lines with a caret the engine would never give: negative, or past the end.
     std::vector<CString> lines;
     for (int i = 0; i < source.LineCount(); ++i) lines.push_back(source.LineWithEnd(i));

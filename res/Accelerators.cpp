@@ -49,9 +49,20 @@ AcceleratorTable editorTable() {
         {CS, '0', cmd::HostCtrlShift0},  {CS, 'G', cmd::HostCtrlShiftG},
     };
 }
+
+// Zoom (plus on the main row, shifted or not, and on the keypad; minus where the tables leave
+// it free; 0 back to the normal size) and Ctrl+Enter for the statement at the caret.
+AcceleratorTable comfortTable() {
+    return {
+        {C, VK_OEM_PLUS, cmd::ZoomIn},    {CS, VK_OEM_PLUS, cmd::ZoomIn}, {C, VK_ADD, cmd::ZoomIn},
+        {C, VK_OEM_MINUS, cmd::ZoomOut},  {C, VK_SUBTRACT, cmd::ZoomOut}, {C, '0', cmd::ZoomReset},
+        {C, VK_RETURN, cmd::RunStatement},
+    };
+}
 }  // namespace
 
 void RegisterLibraryAccelerators() {
     RegisterAcceleratorTable(IDR_SQL_ACCELERATORS, sqlTable());
     RegisterAcceleratorTable(IDR_EDITOR_ACCELERATORS, editorTable());
+    RegisterAcceleratorTable(IDR_COMFORT_ACCELERATORS, comfortTable());
 }

@@ -56,6 +56,11 @@ constexpr UINT FileSaveAsInternal = 8027;
 constexpr UINT FilePrint = 57607;
 constexpr UINT IndicatorOvr = 59140;
 constexpr UINT IndicatorRows = 59147;
+// Editing comforts: zoom, and running the statement at the caret (the SQL window).
+constexpr UINT ZoomIn = 8210;
+constexpr UINT ZoomOut = 8211;
+constexpr UINT ZoomReset = 8212;
+constexpr UINT RunStatement = 8213;
 // Keys of the editor's table that a host answers itself; the library has no handler.
 constexpr UINT HostCtrlShift0 = 8154;
 constexpr UINT HostCtrlShiftG = 8161;
@@ -64,6 +69,9 @@ constexpr UINT HostCtrlShiftG = 8161;
 // Accelerator tables: the SQL window's own, and the application editor window's.
 constexpr UINT IDR_SQL_ACCELERATORS = 1000;
 constexpr UINT IDR_EDITOR_ACCELERATORS = 1001;
+// Keys of the editing comforts, looked at after the two tables above: a key either of them
+// takes stays theirs.
+constexpr UINT IDR_COMFORT_ACCELERATORS = 1002;
 
 // Context menus of the editor windows.
 constexpr UINT IDR_EDITOR_MENU = 8206;

@@ -274,6 +274,23 @@ CString CKTSQLEditWnd::getObjectAtCaret() {
     return name.Trim();
 }
 
+namespace {
+// The statement at the window's caret, and the document range it was taken from (empty at the
+// caret when there is no statement).
+CString statementAtCaret(CKTSQLEditWnd& window, Sci_CharacterRange& range) {
+    const CPoint caret = window.GetCursorPos();
+    FunctionStatementSource source(window.GetLineCount(), caret.y, caret.x,
+                                   [&window](int line) { return window.GetLineChars(line); });
+    StatementExtractor::Extent extent;
+    CString query = StatementExtractor::GetCurrentQuery(source, extent);
+    const long position = window.GetCurrentPosition();
+    range = extent.found ? Sci_CharacterRange{window.GetPositionFromLine(extent.firstLine) + extent.firstColumn,
+                                              window.GetPositionFromLine(extent.lastLine) + extent.endColumn}
+                         : Sci_CharacterRange{position, position};
+    return query;
+}
+}  // namespace
+
 CString CKTSQLEditWnd::GetCurrentQuery() {
     const long caret = GetCurrentPosition();
     const int caretLine = int(SendEditor(SCI_LINEFROMPOSITION, WPARAM(caret)));
@@ -281,6 +298,25 @@ CString CKTSQLEditWnd::GetCurrentQuery() {
     FunctionStatementSource source(GetLineCount(), caretLine, caretColumn,
                                    [this](int line) { return GetLineChars(line); });
     return StatementExtractor::GetCurrentQuery(source);
+}
+
+Sci_CharacterRange CKTSQLEditWnd::GetCurrentQueryRange() {
+    Sci_CharacterRange range;
+    statementAtCaret(*this, range);
+    return range;
+}
+
+void CKTSQLEditWnd::OnRunStatement() {
+    Sci_CharacterRange range;
+    const CString query = statementAtCaret(*this, range);
+    SCNotification record;
+    record.nmhdr.hwndFrom = GetSafeHwnd();
+    record.nmhdr.idFrom = GetDlgCtrlID();
+    record.nmhdr.code = SCN_RUNSTATEMENT_EXT;
+    record.position = range.cpMin;
+    record.length = range.cpMax - range.cpMin;
+    record.text = query.c_str();
+    if (CWnd* parent = GetParent()) parent->SendMessage(WM_NOTIFY, record.nmhdr.idFrom, reinterpret_cast<LPARAM>(&record));
 }
 
 BOOL CKTSQLEditWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -416,6 +452,11 @@ const MessageMap* CKTSQLEditWnd::GetThisMessageMap() {
         {WM_COMMAND, cmd::Comment,
          [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
              static_cast<CKTSQLEditWnd*>(w)->OnEditComment();
+             return 0;
+         }},
+        {WM_COMMAND, cmd::RunStatement,
+         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
+             static_cast<CKTSQLEditWnd*>(w)->OnRunStatement();
              return 0;
          }},
         {WM_COMMAND, cmd::Uncomment,

@@ -61,6 +61,15 @@ public:
     // The name at the caret: the selection if there is one, else the name bytes before it.
     CString getObjectAtCaret();
 
+    // Host hook, Ctrl+Enter (command 8213): sends the parent WM_NOTIFY with an SCNotification
+    // of code SCN_RUNSTATEMENT_EXT. Its position and length are the statement's range in the
+    // document (GetCurrentQueryRange), its text is GetCurrentQuery(), valid during the call.
+    // Nothing is typed into the script.
+    void OnRunStatement();
+    // Where the statement at the caret lies, from its first to its last byte that is not white
+    // space; an empty range at the caret when there is no statement.
+    Sci_CharacterRange GetCurrentQueryRange();
+
     static constexpr UINT kAskCompletionManager = 0x07EC;
     static constexpr UINT kCompletionAnswer = 0x043A;
 

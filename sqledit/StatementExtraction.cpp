@@ -177,7 +177,33 @@ bool StatementExtractor::GetSingleQuery(CString& text, bool& armed, bool forward
     return false;
 }
 
-CString StatementExtractor::GetCurrentQuery(const StatementSource& source) {
+namespace {
+// Blank bytes at the start of `text`.
+size_t leadingBlanks(std::string_view text) {
+    size_t n = 0;
+    while (n < text.size() && isSpace(static_cast<unsigned char>(text[n]))) ++n;
+    return n;
+}
+
+// The document span of a kept piece. GetSingleQuery keeps the piece whole when no boundary
+// stopped it; at a boundary it keeps the side towards the caret with its leading white
+// space made one blank, so what follows that blank is found again in the piece as it was.
+struct Span {
+    size_t start, end;  // columns in the piece as read
+};
+Span keptSpan(std::string_view original, std::string_view kept, bool goesOn, bool forward) {
+    if (goesOn) return {0, original.size()};
+    const std::string_view core = kept.substr(leadingBlanks(kept));
+    if (forward) {
+        const size_t start = leadingBlanks(original);
+        return {start, start + core.size()};
+    }
+    return {original.size() - core.size(), original.size()};
+}
+
+// The statement around the caret and, when `extent` is given, where it lies.
+CString currentQuery(const StatementSource& source, StatementExtractor::Extent* extent) {
+    if (extent) *extent = StatementExtractor::Extent{};
     const int lineCount = source.LineCount();
     if (lineCount <= 0) return CString();
     const int caretLine = std::clamp(source.CaretLine(), 0, lineCount - 1);
@@ -191,8 +217,25 @@ CString StatementExtractor::GetCurrentQuery(const StatementSource& source) {
 
     std::vector<CString> before;   // pieces in the order read, that is last line first
     std::vector<CString> after;
-    int budget = kLineBudget;
+    int budget = StatementExtractor::kLineBudget;
     bool armed = false;
+    // The document's span of the statement, widened by each piece that keeps text.
+    bool spanFound = false;
+    int firstLine = 0, lastLine = 0;
+    size_t firstColumn = 0, endColumn = 0;
+    const auto widen = [&](int line, size_t offset, Span span) {
+        if (span.start >= span.end) return;
+        const size_t start = offset + span.start, end = offset + span.end;
+        if (!spanFound || line < firstLine || (line == firstLine && start < firstColumn)) {
+            firstLine = line;
+            firstColumn = start;
+        }
+        if (!spanFound || line > lastLine || (line == lastLine && end > endColumn)) {
+            lastLine = line;
+            endColumn = end;
+        }
+        spanFound = true;
+    };
 
     // Backward pass: from the caret towards line 0.
     for (int line = caretLine; line >= 0 && budget >= 0; --line, --budget) {
@@ -204,7 +247,9 @@ CString StatementExtractor::GetCurrentQuery(const StatementSource& source) {
             piece = piece.Left(comment);
         }
         if (piece.IsEmpty()) continue;
-        const bool goesOn = GetSingleQuery(piece, armed, false);
+        const CString read = piece;
+        const bool goesOn = StatementExtractor::GetSingleQuery(piece, armed, false);
+        widen(line, 0, keptSpan(read.view(), piece.view(), goesOn, false));
         if (!piece.IsEmpty()) before.push_back(std::move(piece));
         if (!goesOn) break;
     }
@@ -217,7 +262,9 @@ CString StatementExtractor::GetCurrentQuery(const StatementSource& source) {
         const int comment = piece.Find("--");
         if (comment >= 0) piece = piece.Left(comment);
         if (piece.IsEmpty()) continue;
-        const bool goesOn = GetSingleQuery(piece, armed, true);
+        const CString read = piece;
+        const bool goesOn = StatementExtractor::GetSingleQuery(piece, armed, true);
+        widen(line, line == caretLine ? caretColumn : 0, keptSpan(read.view(), piece.view(), goesOn, true));
         if (!piece.IsEmpty()) after.push_back(std::move(piece));
         if (!goesOn) break;
     }
@@ -225,7 +272,38 @@ CString StatementExtractor::GetCurrentQuery(const StatementSource& source) {
     std::string query;
     for (auto it = before.rbegin(); it != before.rend(); ++it) query += it->str();
     for (const CString& piece : after) query += piece.str();
+    if (spanFound && extent) {
+        // The span's ends move inwards over white space, line ends included.
+        CString firstText = source.LineWithEnd(firstLine);
+        while (spanFound) {
+            const std::string_view text = firstText.view();
+            while (firstColumn < text.size() && isSpace(static_cast<unsigned char>(text[firstColumn]))) ++firstColumn;
+            if (firstLine == lastLine && firstColumn >= endColumn) spanFound = false;
+            else if (firstColumn < text.size()) break;
+            else if (firstLine < lastLine) firstText = source.LineWithEnd(++firstLine), firstColumn = 0;
+            else spanFound = false;
+        }
+        CString lastText = source.LineWithEnd(lastLine);
+        while (spanFound) {
+            const std::string_view text = lastText.view();
+            endColumn = std::min(endColumn, text.size());
+            while (endColumn > 0 && isSpace(static_cast<unsigned char>(text[endColumn - 1]))) --endColumn;
+            if (firstLine == lastLine && endColumn <= firstColumn) spanFound = false;
+            else if (endColumn > 0) break;
+            else if (lastLine > firstLine) lastText = source.LineWithEnd(--lastLine), endColumn = lastText.view().size();
+            else spanFound = false;
+        }
+    }
+    if (spanFound && extent)
+        *extent = StatementExtractor::Extent{true, firstLine, int(firstColumn), lastLine, int(endColumn)};
     return CString(std::move(query));
+}
+}  // namespace
+
+CString StatementExtractor::GetCurrentQuery(const StatementSource& source) { return currentQuery(source, nullptr); }
+
+CString StatementExtractor::GetCurrentQuery(const StatementSource& source, Extent& extent) {
+    return currentQuery(source, &extent);
 }
 
 CString StatementExtractor::CheckComment(CString line, const CStringArray& ranges, int lineNo,

@@ -91,6 +91,17 @@ public:
     // bytes before its terminator.
     static CString GetCurrentQuery(const StatementSource& source);
 
+    // Where the statement of GetCurrentQuery lies in the document: from its first byte that is
+    // not white space to the end of its last such byte, in lines and byte columns. Comments
+    // the statement text leaves out lie inside it. `found` is false when the statement is
+    // empty.
+    struct Extent {
+        bool found = false;
+        int firstLine = 0, firstColumn = 0;
+        int lastLine = 0, endColumn = 0;  // the end is exclusive
+    };
+    static CString GetCurrentQuery(const StatementSource& source, Extent& extent);
+
     // Scans `text` forward (first to last byte) or backward (last to first) for a boundary: ';'
     // at any byte, or a stop word by the pairing rule below. With no boundary `text` stays as
     // it is and the result is true: the statement goes on beyond it. At a boundary `text` is

@@ -149,3 +149,40 @@ TEST(StatementExtraction, CheckCommentFindsBlockCommentsAndCutsLineComments) {
     EXPECT_EQ(check("a /* b */ c", 8, 10), "a /* b */ c");
     EXPECT_EQ(check("x -- y", 1, -4), "x ");
 }
+
+// Where the statement lies: "[...]" marks the expected extent in the script, '@' the caret.
+TEST(StatementExtraction, TheExtentSpansTheStatementWithoutItsBlankEnds) {
+    for (std::string script : {
+             std::string("select 1;\n\n  [select a.@x,\n    b -- note\n  from t]  ;\nselect 2"),
+             std::string("declare\n  cursor c is [select@ a.id from t a];\nbegin"),
+             std::string("x;[sel@ect y from t]"),
+             std::string("[select a@ as x]\nselect b from t"),
+             std::string("[select a from t\n where b = 1]\n\n@"),
+             std::string("select 1 -- a @comment\n"),
+             std::string("  @  "),
+         }) {
+        SCOPED_TRACE(script);
+        // The script without its marks, and where the marks stood in it.
+        std::string plain;
+        size_t open = std::string::npos, close = 0, caret = 0;
+        for (char ch : script) {
+            if (ch == '[') open = plain.size();
+            else if (ch == ']') close = plain.size();
+            else if (ch == '@') caret = plain.size();
+            else plain += ch;
+        }
+        script = plain;
+        VectorStatementSource source = VectorStatementSource::FromText(CString(script), int(caret));
+        StatementExtractor::Extent extent;
+        const CString query = StatementExtractor::GetCurrentQuery(source, extent);
+        EXPECT_EQ(query, StatementExtractor::GetCurrentQuery(VectorStatementSource::FromText(CString(script), int(caret))));
+        ASSERT_EQ(extent.found, open != std::string::npos);
+        if (!extent.found) continue;
+        // Lines and columns back to offsets in the script.
+        std::vector<size_t> lineStarts{0};
+        for (size_t i = 0; i < script.size(); ++i)
+            if (script[i] == '\n') lineStarts.push_back(i + 1);
+        EXPECT_EQ(lineStarts[size_t(extent.firstLine)] + size_t(extent.firstColumn), open);
+        EXPECT_EQ(lineStarts[size_t(extent.lastLine)] + size_t(extent.endColumn), close);
+    }
+}
