@@ -16,6 +16,7 @@
 #include "ColourTheme.h"
 #include "QuillEngine.h"
 #include "SqlWindow.h"
+#include "WindowHost.h"
 
 namespace {
 // A parent that keeps the notifications its window sends it.
@@ -42,19 +43,12 @@ public:
     }
 };
 
-class ComfortsTest : public ::testing::Test {
+class ComfortsTest : public WindowHostTest<TestSqlWindow, RecordingFrame> {
 protected:
     void SetUp() override {
-        frame = std::make_unique<RecordingFrame>();
-        ASSERT_TRUE(frame->CreateEx(0, "QuillboxFrame", "frame", WS_VISIBLE, RECT{0, 0, 640, 480}, nullptr, 0));
-        sql = std::make_unique<TestSqlWindow>();
-        ASSERT_EQ(sql->Create("sql", WS_CHILD | WS_VISIBLE, RECT{0, 0, 600, 400}, frame.get(), 5), 1);
-        focus(*sql);
-    }
-    void focus(CWnd& w) {
-        frame->GetSafeHwnd()->activateWindow();
-        w.GetSafeHwnd()->setFocus();
-        QApplication::processEvents();
+        WindowHostTest::SetUp();
+        createChild(5);
+        focus(*window);
     }
     std::unique_ptr<TestAppWindow> makeAppWindow() {
         auto app = std::make_unique<TestAppWindow>();
@@ -62,16 +56,15 @@ protected:
         focus(*app);
         return app;
     }
-    long send(long m, WPARAM w = 0, LPARAM l = 0) { return sql->SendEditor(m, w, l); }
     void load(const char* content) {
         send(SCI_SETEOLMODE, SC_EOL_LF);
-        sql->SetText(content, 0);
+        window->SetText(content, 0);
     }
     void key(CWnd& w, int k, Qt::KeyboardModifiers m = Qt::NoModifier) {
         QTest::keyClick(w.GetSafeHwnd(), Qt::Key(k), m);
     }
-    void key(int k, Qt::KeyboardModifiers m = Qt::NoModifier) { key(*sql, k, m); }
-    QWidget* viewport() { return sql->engine()->viewport(); }
+    void key(int k, Qt::KeyboardModifiers m = Qt::NoModifier) { key(*window, k, m); }
+    QWidget* viewport() { return window->engine()->viewport(); }
     QPoint pointOf(long position) {
         return QPoint(int(send(SCI_POINTXFROMPOSITION, 0, position)) + 1,
                       int(send(SCI_POINTYFROMPOSITION, 0, position)) + int(send(SCI_TEXTHEIGHT, 0)) / 2);
@@ -85,8 +78,6 @@ protected:
     static int storedZoom() { return CKTMgrSetting(0).GetInt("Editor Zoom", -99); }
 
     ScratchRegistry registry;
-    std::unique_ptr<RecordingFrame> frame;
-    std::unique_ptr<TestSqlWindow> sql;
 };
 
 const Qt::KeyboardModifiers kCtrl = Qt::ControlModifier;
@@ -96,7 +87,7 @@ const Qt::KeyboardModifiers kCtrlShift = Qt::ControlModifier | Qt::ShiftModifier
 TEST_F(ComfortsTest, ZoomKeysAndWheelZoomWithoutTypingAndTheLevelIsKept) {
     load("abc\n");
     send(SCI_GOTOPOS, 3);
-    sql->SetDisplayLinenumbers(1);
+    window->SetDisplayLinenumbers(1);
     const long narrow = send(SCI_GETMARGINWIDTHN, 0);
     struct Step { int key; Qt::KeyboardModifiers modifiers; long zoom; };
     for (const Step& s : {Step{Qt::Key_Equal, kCtrl, 1}, Step{Qt::Key_Plus, kCtrlShift, 2},
@@ -110,15 +101,15 @@ TEST_F(ComfortsTest, ZoomKeysAndWheelZoomWithoutTypingAndTheLevelIsKept) {
     // Ctrl+minus is the SQL window's Comment: the table wins and the zoom stays.
     key(Qt::Key_Minus, kCtrl);
     EXPECT_EQ(send(SCI_GETZOOM), 1);
-    EXPECT_NE(std::string(sql->GetText().c_str()), "abc\n");  // commented
+    EXPECT_NE(std::string(window->GetText().c_str()), "abc\n");  // commented
     // A whole notch of the wheel is one step; parts of one add up.
-    wheel(*sql, 120, kCtrl);
+    wheel(*window, 120, kCtrl);
     EXPECT_EQ(send(SCI_GETZOOM), 2);
-    wheel(*sql, -60, kCtrl);
+    wheel(*window, -60, kCtrl);
     EXPECT_EQ(send(SCI_GETZOOM), 2);
-    wheel(*sql, -60, kCtrl);
+    wheel(*window, -60, kCtrl);
     EXPECT_EQ(send(SCI_GETZOOM), 1);
-    wheel(*sql, 120, Qt::NoModifier);  // a plain wheel scrolls
+    wheel(*window, 120, Qt::NoModifier);  // a plain wheel scrolls
     EXPECT_EQ(send(SCI_GETZOOM), 1);
 
     // In the editor window Ctrl+minus is free, and a new window opens at the stored level.
@@ -130,7 +121,7 @@ TEST_F(ComfortsTest, ZoomKeysAndWheelZoomWithoutTypingAndTheLevelIsKept) {
     EXPECT_EQ(storedZoom(), -1);
     EXPECT_EQ(app->GetText(), "");
     CKTMgrSetting(0).SetInt("Editor Zoom", 99);  // out of bounds: the engine's largest
-    sql->ApplyOptionOnRealtime();
+    window->ApplyOptionOnRealtime();
     EXPECT_EQ(send(SCI_GETZOOM), 20);
 }
 
@@ -140,11 +131,11 @@ TEST_F(ComfortsTest, NoCtrlChordTypesItsCharacter) {
     for (int k : {Qt::Key_Equal, Qt::Key_Plus, Qt::Key_Semicolon, Qt::Key_Apostrophe, Qt::Key_Slash, Qt::Key_Period,
                   Qt::Key_Q, Qt::Key_Backslash, Qt::Key_Return})
         key(k, kCtrl);
-    EXPECT_EQ(sql->GetText(), "x");
+    EXPECT_EQ(window->GetText(), "x");
     // Ctrl with Alt is how AltGr layouts type: those characters still arrive.
     QKeyEvent altGr(QEvent::KeyPress, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@");
-    QApplication::sendEvent(sql->GetSafeHwnd(), &altGr);
-    EXPECT_EQ(sql->GetText(), "x@");
+    QApplication::sendEvent(window->GetSafeHwnd(), &altGr);
+    EXPECT_EQ(window->GetText(), "x@");
 }
 
 TEST_F(ComfortsTest, TheCurrentMatchStandsOutFromTheOtherOccurrencesInBothThemes) {
@@ -152,12 +143,12 @@ TEST_F(ComfortsTest, TheCurrentMatchStandsOutFromTheOtherOccurrencesInBothThemes
     load("select id from t;\nselect id from u;\nselect id from v;\n");
     for (int theme : {0, 1}) {
         CKTMgrSetting(0).SetInt("Color Theme", theme);
-        sql->ApplyOptionOnRealtime();
-        sql->SetFindFlag(0, 0, 0, 0, 1);
+        window->ApplyOptionOnRealtime();
+        window->SetFindFlag(0, 0, 0, 0, 1);
         send(SCI_GOTOPOS, 20);
         key(Qt::Key_F, kCtrl);  // the find dialog takes the word at the caret
-        sql->GetFindDialog()->ShowWindow(SW_HIDE);
-        focus(*sql);
+        window->GetFindDialog()->ShowWindow(SW_HIDE);
+        focus(*window);
         key(Qt::Key_F3);  // Find Next: the second "select"... or the word at the caret
         const long start = send(SCI_GETSELECTIONSTART), end = send(SCI_GETSELECTIONEND);
         ASSERT_LT(start, end);
@@ -166,8 +157,8 @@ TEST_F(ComfortsTest, TheCurrentMatchStandsOutFromTheOtherOccurrencesInBothThemes
         EXPECT_EQ(send(SCI_INDICATORVALUEAT, 30, start), 1);
         QApplication::processEvents();
         // A pixel inside the match differs clearly from one inside another occurrence.
-        const QImage shot = sql->GetSafeHwnd()->grab().toImage();
-        const QPoint origin = viewport()->mapTo(sql->GetSafeHwnd(), QPoint(0, 0));
+        const QImage shot = window->GetSafeHwnd()->grab().toImage();
+        const QPoint origin = viewport()->mapTo(window->GetSafeHwnd(), QPoint(0, 0));
         const long other = start == 0 ? 18 : 0;
         const QColor inMatch = shot.pixelColor(origin + QPoint(int(send(SCI_POINTXFROMPOSITION, 0, start)) + 1,
                                                                pointOf(start).y()));
@@ -190,13 +181,13 @@ TEST_F(ComfortsTest, SeveralCaretsTypeDeletePasteAndEscapeBackToOne) {
     QTest::mouseClick(viewport(), Qt::LeftButton, kCtrl, pointOf(9));
     EXPECT_EQ(send(SCI_GETSELECTIONS), 3);
     key(Qt::Key_X);
-    EXPECT_EQ(sql->GetText(), "axbc\ndxef\ngxhi\n");
+    EXPECT_EQ(window->GetText(), "axbc\ndxef\ngxhi\n");
     key(Qt::Key_Backspace);
     key(Qt::Key_Delete);
-    EXPECT_EQ(sql->GetText(), "ac\ndf\ngi\n");
+    EXPECT_EQ(window->GetText(), "ac\ndf\ngi\n");
     QApplication::clipboard()->setText("--");
     key(Qt::Key_V, kCtrl);
-    EXPECT_EQ(sql->GetText(), "a--c\nd--f\ng--i\n");
+    EXPECT_EQ(window->GetText(), "a--c\nd--f\ng--i\n");
     key(Qt::Key_Escape);
     EXPECT_EQ(send(SCI_GETSELECTIONS), 1);
 
@@ -209,13 +200,13 @@ TEST_F(ComfortsTest, SeveralCaretsTypeDeletePasteAndEscapeBackToOne) {
     QTest::mouseRelease(viewport(), Qt::LeftButton, Qt::AltModifier, pointOf(8));
     EXPECT_TRUE(send(SCI_SELECTIONISRECTANGLE));
     key(Qt::Key_Z);
-    EXPECT_EQ(sql->GetText(), "azd\nezh\n");
+    EXPECT_EQ(window->GetText(), "azd\nezh\n");
     key(Qt::Key_Escape);
     EXPECT_EQ(send(SCI_GETSELECTIONS), 1);
 
     // With the setting off a Ctrl+click moves the one caret, and a paste goes in once.
     CKTMgrSetting(0).SetInt("Multiple Selection", 0);
-    sql->ApplyOptionOnRealtime();
+    window->ApplyOptionOnRealtime();
     QTest::mouseClick(viewport(), Qt::LeftButton, Qt::NoModifier, pointOf(1));
     QTest::mouseClick(viewport(), Qt::LeftButton, kCtrl, pointOf(5));
     EXPECT_EQ(send(SCI_GETSELECTIONS), 1);
@@ -242,7 +233,7 @@ TEST_F(ComfortsTest, CtrlEnterSendsTheStatementAtTheCaretToTheParent) {
         EXPECT_EQ(notes[0].text, c.text);
         EXPECT_EQ(notes[0].position, c.start);
         EXPECT_EQ(notes[0].position + notes[0].length, c.end);
-        const Sci_CharacterRange range = sql->GetCurrentQueryRange();
+        const Sci_CharacterRange range = window->GetCurrentQueryRange();
         EXPECT_EQ(range.cpMin, c.start);
         EXPECT_EQ(range.cpMax, c.end);
     }
@@ -257,8 +248,8 @@ TEST_F(ComfortsTest, CtrlEnterSendsTheStatementAtTheCaretToTheParent) {
 
 TEST_F(ComfortsTest, AnAnnotationStaysUntilItsRangeIsEditedOrTheHostRemovesIt) {
     load("select * from customers;\nselect 2;\n");
-    const int missing = sql->AddAnnotation(14, 23, "no such table");
-    const int second = sql->AddAnnotation(0, 6, "second note");
+    const int missing = window->AddAnnotation(14, 23, "no such table");
+    const int second = window->AddAnnotation(0, 6, "second note");
     ASSERT_GT(missing, 0);
     const auto annotation = [&](long line) {
         std::string text(size_t(send(SCI_ANNOTATIONGETTEXT, WPARAM(line), 0)), '\0');
@@ -267,31 +258,31 @@ TEST_F(ComfortsTest, AnAnnotationStaysUntilItsRangeIsEditedOrTheHostRemovesIt) {
     };
     EXPECT_EQ(annotation(0), "no such table\nsecond note");
     EXPECT_EQ(send(SCI_INDICATORVALUEAT, 31, 14), missing);
-    EXPECT_EQ(sql->AddAnnotation(0, 5, ""), 0);
+    EXPECT_EQ(window->AddAnnotation(0, 5, ""), 0);
 
     // Typing elsewhere, a new line above included, leaves it where its text went.
     send(SCI_GOTOPOS, 0);
     key(Qt::Key_Return);
     QApplication::processEvents();
-    EXPECT_EQ(sql->GetAnnotationCount(), 2);
+    EXPECT_EQ(window->GetAnnotationCount(), 2);
     EXPECT_EQ(annotation(1), "no such table\nsecond note");
     // Typing inside "customers" drops that annotation, and its mark.
     send(SCI_GOTOPOS, 20);
     key(Qt::Key_X);
     QApplication::processEvents();
-    EXPECT_EQ(sql->GetAnnotationCount(), 1);
+    EXPECT_EQ(window->GetAnnotationCount(), 1);
     EXPECT_EQ(annotation(1), "second note");
     EXPECT_EQ(send(SCI_INDICATORVALUEAT, 31, 20), 0);
-    EXPECT_FALSE(sql->RemoveAnnotation(missing));
-    EXPECT_TRUE(sql->RemoveAnnotation(second));
+    EXPECT_FALSE(window->RemoveAnnotation(missing));
+    EXPECT_TRUE(window->RemoveAnnotation(second));
     EXPECT_EQ(annotation(1), "");
     // An empty range takes the word at the position; ClearAnnotations takes everything away.
-    const int word = sql->AddAnnotation(28, 28, "here");  // in "select" of the last line
+    const int word = window->AddAnnotation(28, 28, "here");  // in "select" of the last line
     EXPECT_EQ(send(SCI_INDICATORSTART, 31, 28), 27);
     EXPECT_EQ(send(SCI_INDICATOREND, 31, 28), 33);
     EXPECT_GT(word, 0);
-    sql->ClearAnnotations();
-    EXPECT_EQ(sql->GetAnnotationCount(), 0);
+    window->ClearAnnotations();
+    EXPECT_EQ(window->GetAnnotationCount(), 0);
     EXPECT_EQ(annotation(2), "");
 }
 
@@ -303,7 +294,7 @@ TEST_F(ComfortsTest, TheDarkThemeKeepsContrastAndTheUsersColoursWin) {
     colours.Open(setting.GetKey(), "Editor Color");
     editable.Open(colours.GetKey(), "Editable");
     editable.SetDWORD("Keyword", 0x00FFFF);
-    sql->ApplyOptionOnRealtime();
+    window->ApplyOptionOnRealtime();
     const COLORREF background = COLORREF(send(SCI_STYLEGETBACK, 0));
     EXPECT_LT(ContrastRatio(background, 0x000000), 2.0);  // a dark background
     EXPECT_EQ(send(SCI_STYLEGETFORE, 5), 0x00FFFF);       // the user's keyword colour
@@ -324,7 +315,7 @@ TEST_F(ComfortsTest, TheDarkThemeKeepsContrastAndTheUsersColoursWin) {
     editable.Close();
     colours.Close();
     setting.SetInt("Color Theme", 0);
-    sql->ApplyOptionOnRealtime();
+    window->ApplyOptionOnRealtime();
     EXPECT_EQ(COLORREF(send(SCI_STYLEGETBACK, 0)), CKTScinWnd::SystemWindowColour());
     EXPECT_EQ(send(SCI_STYLEGETFORE, 1), long(ColourTheme::ForSetting(0).groups[ColorComment]));
     EXPECT_EQ(send(SCI_STYLEGETFORE, STYLE_BRACEBAD), 0x0000FF);
@@ -335,7 +326,7 @@ TEST_F(ComfortsTest, TheReplaceDialogOffersTheFindTextSelectedAsTheFindDialogDoe
     load("select * from customers;\n");
     send(SCI_SETSEL, 14, 23);
     key(Qt::Key_H, kCtrl);
-    auto* combo = qobject_cast<QComboBox*>(sql->GetReplaceDialog()->GetDlgItem(CEditReplaceDlg::IDC_FIND_TEXT));
+    auto* combo = qobject_cast<QComboBox*>(window->GetReplaceDialog()->GetDlgItem(CEditReplaceDlg::IDC_FIND_TEXT));
     ASSERT_NE(combo, nullptr);
     EXPECT_EQ(combo->lineEdit()->selectedText(), "customers");
     QTest::keyClicks(combo->lineEdit(), "orders");

@@ -2,7 +2,6 @@
 // Editor test host: a frame with a CScintillaWnd child made by Create, its protected steps opened.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <cstring>
 #include <functional>
 #include <memory>
@@ -10,6 +9,7 @@
 
 #include "CScintillaWnd.h"
 #include "QuillEngine.h"
+#include "WindowHost.h"
 
 class TestEditor : public CScintillaWnd {
 public:
@@ -30,17 +30,16 @@ public:
     }
 };
 
-// A frame with an editor window of type E made by Create; other test areas host their own editor kinds.
+// An editor window of type E, made by Create on the shared host; other test areas host their own editor kinds.
 template <class E>
-class EditorHostTest : public ::testing::Test {
+class EditorHostTest : public WindowHostTest<E> {
 protected:
+    using Host = WindowHostTest<E>;
+    using Host::frame, Host::send, Host::text;
     void SetUp() override {
-        frame = std::make_unique<CWnd>();
-        ASSERT_TRUE(frame->CreateEx(0, "QuillboxFrame", "frame", WS_VISIBLE, RECT{0, 0, 640, 480}, nullptr, 0));
-        editor = std::make_unique<E>();
-        ASSERT_EQ(editor->Create("editor", WS_CHILD | WS_VISIBLE, RECT{0, 0, 600, 400}, frame.get(), 42), 1);
+        Host::SetUp();
+        Host::createChild(42);
     }
-    void TearDown() override { editor.reset(), frame.reset(); }
 
     // Replaces the document, in LF or CR LF mode as asked, without undo history, the caret at 0.
     void load(const char* content, long eolMode = SC_EOL_LF) {
@@ -51,8 +50,6 @@ protected:
         send(SCI_SETSAVEPOINT);
         send(SCI_GOTOPOS, 0);
     }
-    long send(long message, WPARAM w = 0, LPARAM l = 0) { return editor->SendEditor(message, w, l); }
-    CString text() { return editor->GetText(); }
     // Checks send(message, w) against the expected answer, row by row.
     struct Query { long message; WPARAM w; long expected; };
     void expectSends(std::initializer_list<Query> rows) {
@@ -69,11 +66,7 @@ protected:
             EXPECT_EQ(std::string(editor->GetText().c_str()), step.expected);
         }
     }
-    void focusEditor() {
-        frame->GetSafeHwnd()->activateWindow();
-        editor->GetSafeHwnd()->setFocus();
-        QApplication::processEvents();
-    }
+    void focusEditor() { Host::focus(*editor); }
     // Indexes of the recorded notifications with this code.
     std::vector<size_t> notified(UINT code) {
         std::vector<size_t> found;
@@ -82,8 +75,7 @@ protected:
         return found;
     }
 
-    std::unique_ptr<CWnd> frame;
-    std::unique_ptr<E> editor;
+    std::unique_ptr<E>& editor = Host::window;  // the name the editor tests give their window
 };
 
 using EditorTest = EditorHostTest<TestEditor>;

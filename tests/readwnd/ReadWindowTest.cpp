@@ -3,13 +3,12 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "CKTRegistry.h"
 #include "CKTScinReadWnd.h"
 #include "CommandIds.h"
 #include "QuillEngine.h"
 #include "ScratchRegistry.h"
+#include "WindowHost.h"
 
 namespace {
 class TestViewer : public CKTScinReadWnd {
@@ -18,71 +17,64 @@ public:
     using CKTScinReadWnd::SendEditor;
 };
 
-class ReadWindowTest : public ::testing::Test {
+class ReadWindowTest : public WindowHostTest<TestViewer> {
 protected:
-    void SetUp() override {
-        frame = std::make_unique<CWnd>();
-        ASSERT_TRUE(frame->CreateEx(0, "QuillboxFrame", "frame", WS_VISIBLE, RECT{0, 0, 640, 480}, nullptr, 0));
-        viewer = std::make_unique<TestViewer>();
-    }
+    // The viewer has a Create of its own, which gives it its fixed child id.
     void create(int keywords = 1) {
         CRect rect(0, 0, 600, 400);
-        ASSERT_NE(viewer->Create("output", rect, frame.get(), keywords), 0);
+        ASSERT_NE(window->Create("output", rect, frame.get(), keywords), 0);
     }
-    long send(long m, WPARAM w = 0, LPARAM l = 0) { return viewer->SendEditor(m, w, l); }
     bool clearContentEnabled() {
         CCmdUI ui(cmd::EditClear);
-        viewer->UpdateCommandUI(cmd::EditClear, &ui);
+        window->UpdateCommandUI(cmd::EditClear, &ui);
         return ui.IsEnabled();
     }
 
     ScratchRegistry registry;
-    std::unique_ptr<CWnd> frame;
-    std::unique_ptr<TestViewer> viewer;
 };
 
 TEST_F(ReadWindowTest, CreatesAReadOnlyViewerWithLineNumbersAndNoUndo) {
     create();
-    EXPECT_EQ(viewer->GetDlgCtrlID(), int(CKTScinReadWnd::kChildId));
+    EXPECT_EQ(window->GetDlgCtrlID(), int(CKTScinReadWnd::kChildId));
     EXPECT_EQ(send(SCI_GETREADONLY), 1);
     EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
-    EXPECT_EQ(viewer->GetDisplayLinenumbers(), 1);
-    EXPECT_EQ(viewer->GetDisplaySelection(), 0);
+    EXPECT_EQ(window->GetDisplayLinenumbers(), 1);
+    EXPECT_EQ(window->GetDisplaySelection(), 0);
     EXPECT_EQ(send(SCI_STYLEGETBACK, STYLE_DEFAULT), 0xC0C0C0);  // the user's read-only colour
 
     // Restyling keeps all of that.
-    viewer->ApplyVisualOption();
+    window->ApplyVisualOption();
     EXPECT_EQ(send(SCI_GETREADONLY), 1);
     EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
-    EXPECT_EQ(viewer->GetDisplayLinenumbers(), 1);
+    EXPECT_EQ(window->GetDisplayLinenumbers(), 1);
 }
 
 TEST_F(ReadWindowTest, OnlyTheGuardedOperationsChangeTheText) {
     create();
     EXPECT_FALSE(clearContentEnabled());
-    viewer->SetText("first\r\n", 0);
+    window->SetText("first\r\n", 0);
     EXPECT_EQ(send(SCI_GETREADONLY), 1);
-    viewer->AppendText(CString("second\r\n"));
-    viewer->AppendText("third\r\n", 100, 10, true);
-    EXPECT_STREQ(viewer->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
+    window->AppendText(CString("second\r\n"));
+    window->AppendText("third\r\n", 100, 10, true);
+    EXPECT_STREQ(window->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
     EXPECT_EQ(send(SCI_GETREADONLY), 1);
     // Replacing the text must not bring undo back: trimmed output would pile up in memory.
     EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
-    viewer->AppendText("again\r\n", 1, 1, false);
+    window->AppendText("again\r\n", 1, 1, false);
     EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
-    viewer->SetText("first\r\nsecond\r\nthird\r\n", 0);
+    window->SetText("first\r\nsecond\r\nthird\r\n", 0);
     EXPECT_TRUE(clearContentEnabled());
 
     // The user's keys, cut and paste leave it alone.
-    viewer->SetFocus();
-    QTest::keyClicks(viewer->engine()->viewport(), "typed");
+    window->SetFocus();
+    QTest::keyClicks(window->engine()->viewport(), "typed");
     send(SCI_SETSEL, 0, 5);
-    viewer->Cut();
-    viewer->Paste();
-    EXPECT_STREQ(viewer->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
+    window->Cut();
+    window->Paste();
+    EXPECT_STREQ(window->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
 
-    viewer->SendMessage(WM_COMMAND, cmd::EditClear, 0);
-    EXPECT_TRUE(viewer->IsEmpty());
+    window->SendMessage(WM_COMMAND, cmd::EditClear, 0);
+    EXPECT_TRUE(window->IsEmpty());
     EXPECT_EQ(send(SCI_GETREADONLY), 1);
     EXPECT_FALSE(clearContentEnabled());
 }
@@ -92,14 +84,14 @@ TEST_F(ReadWindowTest, AppendsKeepTheLineLimit) {
     for (int i = 0; i < 300; ++i) {
         CString line;
         line.Format("row %d\r\n", i);
-        viewer->AppendText(line, 100, 10, true);
+        window->AppendText(line, 100, 10, true);
     }
-    EXPECT_LE(viewer->GetLineCount(), 91);
-    EXPECT_NE(viewer->GetText().Find("row 299\r\n"), -1);
+    EXPECT_LE(window->GetLineCount(), 91);
+    EXPECT_NE(window->GetText().Find("row 299\r\n"), -1);
     EXPECT_EQ(send(SCI_GETREADONLY), 1);
     // No room above the slack: each append replaces the document.
-    viewer->AppendText("only\r\n", 5, 5, false);
-    EXPECT_STREQ(viewer->GetText().c_str(), "only\r\n");
+    window->AppendText("only\r\n", 5, 5, false);
+    EXPECT_STREQ(window->GetText().c_str(), "only\r\n");
 }
 
 TEST_F(ReadWindowTest, ScrollRangeFollowsTheLongestLineAndNeverShrinks) {
@@ -109,38 +101,38 @@ TEST_F(ReadWindowTest, ScrollRangeFollowsTheLongestLineAndNeverShrinks) {
     // change itself left, whichever lines it touched.
     auto settled = [&] {
         const long width = send(SCI_GETSCROLLWIDTH);
-        viewer->adjustHScrollSize();
+        window->adjustHScrollSize();
         return send(SCI_GETSCROLLWIDTH) == width;
     };
-    viewer->SetText("x\r\n" + CString('y', 40) + "\r\nshort", 0);
+    window->SetText("x\r\n" + CString('y', 40) + "\r\nshort", 0);
     EXPECT_GE(send(SCI_GETSCROLLWIDTH), 40 * charWidth);
     EXPECT_TRUE(settled());
-    viewer->AppendText(CString('z', 70));  // lengthens the last line
+    window->AppendText(CString('z', 70));  // lengthens the last line
     EXPECT_TRUE(settled());
     EXPECT_GE(send(SCI_GETSCROLLWIDTH), 75 * charWidth);
-    viewer->AppendText("\rcr\n" + CString('w', 120) + "\r\n", 6, 1, false);  // trims, mixed line ends
+    window->AppendText("\rcr\n" + CString('w', 120) + "\r\n", 6, 1, false);  // trims, mixed line ends
     EXPECT_TRUE(settled());
     EXPECT_GE(send(SCI_GETSCROLLWIDTH), 120 * charWidth);
 
     // Someone narrows the range: the next change measures every line again.
     send(SCI_SETSCROLLWIDTH, 1);
-    viewer->AppendText(CString("\r\n"));
+    window->AppendText(CString("\r\n"));
     EXPECT_GE(send(SCI_GETSCROLLWIDTH), 120 * charWidth);
 
     // A host lifts read-only and lengthens an early line itself: the next change finds it.
-    viewer->SetText("a\r\nb\r\nc\r\n", 0);
+    window->SetText("a\r\nb\r\nc\r\n", 0);
     const long before = send(SCI_GETSCROLLWIDTH);
     send(SCI_SETREADONLY, 0);
     const CString longLine('v', 300);
     send(SCI_INSERTTEXT, WPARAM(send(SCI_POSITIONFROMLINE, 1)), reinterpret_cast<LPARAM>(longLine.c_str()));
-    viewer->AppendText(CString("d"));
+    window->AppendText(CString("d"));
     EXPECT_GT(send(SCI_GETSCROLLWIDTH), before);
     EXPECT_TRUE(settled());
 
     // Emptying keeps the range; a short text does not narrow it.
     const long wide = send(SCI_GETSCROLLWIDTH);
-    viewer->ClearContent();
-    viewer->SetText("a\r\nb", 0);
+    window->ClearContent();
+    window->SetText("a\r\nb", 0);
     EXPECT_EQ(send(SCI_GETSCROLLWIDTH), wide);
 }
 
