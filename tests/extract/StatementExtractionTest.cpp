@@ -1,20 +1,34 @@
 // The statement around the caret: word normal form, one-piece scans, whole extractions over
-// scripts, the line budget, odd carets and bytes, and the block-comment check.
+// the scripts of the case files, the line budget, odd carets and bytes, and the block-comment check.
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "CaseFiles.h"
 #include "StatementExtraction.h"
 
 namespace {
 
-// The query for `script`, whose '@' marks the caret (and is removed).
-std::string QueryAt(std::string script) {
-    const size_t caret = script.find('@');
-    script.erase(caret, 1);
-    return StatementExtractor::GetCurrentQuery(
-        VectorStatementSource::FromText(CString(script), int(caret))).str();
+// The script `marked` as the case files write it: '@' for the caret and "[...]" around the
+// extent when one was found (at one offset the marks stand in the order "]", "[", "@").
+std::string Marked(const std::string& script, size_t caret, const StatementExtractor::Extent& extent) {
+    size_t open = std::string::npos, close = std::string::npos;
+    if (extent.found) {
+        std::vector<size_t> lineStarts{0};
+        for (size_t i = 0; i < script.size(); ++i)
+            if (script[i] == '\n') lineStarts.push_back(i + 1);
+        open = lineStarts[size_t(extent.firstLine)] + size_t(extent.firstColumn);
+        close = lineStarts[size_t(extent.lastLine)] + size_t(extent.endColumn);
+    }
+    std::string marked;
+    for (size_t i = 0; i <= script.size(); ++i) {
+        if (i == close) marked += ']';
+        if (i == open) marked += '[';
+        if (i == caret) marked += '@';
+        if (i < script.size()) marked += script[i];
+    }
+    return marked;
 }
 
 // One scan of `piece`: the kept text, then "+" when the statement goes on, then "*" when armed.
@@ -61,41 +75,31 @@ TEST(StatementExtraction, SingleQueryBoundariesAndPairing) {
     EXPECT_EQ(Scan(std::string("be\0gin", 6), true), std::string("be\0gin+", 7));
 }
 
-TEST(StatementExtraction, ScriptsStatementsAndSubQueries) {
-    EXPECT_EQ(QueryAt("select a.x, b.y\r\n  from tab_a a, tab_b b\r\n where a.@\r\n"
-                      "   and b.z = 1;\r\nselect 2 from dual"),
-              "select a.x, b.y\r\n  from tab_a a, tab_b b\r\n where a.\r\n and b.z = 1");
-    EXPECT_EQ(QueryAt("select 1 from a;\nselect x@ from b;\nselect 3;"), "\nselect x from b");
-    // No ';' between two statements: an alias behind the caret stops at the next select ...
-    EXPECT_EQ(QueryAt("select a@ as x\nselect b from t"), "select a as x\n");
-    // ... without one the query runs over it.
-    EXPECT_EQ(QueryAt("select a@ from t\nselect b from u"), "select a from t\nselect b from u");
-    EXPECT_EQ(QueryAt("select e.@id, (select 1 from y) as m,\n  (select 2 from z) from e"),
-              "select e.id, (select 1 from y) as m,\n");
-    // The word under the caret is read in two halves, neither a keyword.
-    EXPECT_EQ(QueryAt("x;sel@ect y from t"), "select y from t");
-}
-
-TEST(StatementExtraction, ProceduralBlocks) {
-    EXPECT_EQ(QueryAt("declare\n  cursor c is select@ a.id from t a;\nbegin"), " select a.id from t a");
-    EXPECT_EQ(QueryAt("begin\n  for r in c loop\n    update t set x = r.@id;\n  end loop;"),
-              "\n    update t set x = r.id");
-    EXPECT_EQ(QueryAt("  BEGIN  \nselect x@ from t;"), "select x from t");
-    EXPECT_EQ(QueryAt("create view v as\n  select x.@ from t x"), "\n  select x. from t x");
-}
-
-TEST(StatementExtraction, LineCommentsAndBlockComments) {
-    EXPECT_EQ(QueryAt("select a from t;\nselect b from u -- note @x\n"), "");
-    EXPECT_EQ(QueryAt("select '--' x@"), "");
-    EXPECT_EQ(QueryAt("select a@ b -- c ; d\n from t;"), "select a b  from t");
-    EXPECT_EQ(QueryAt("select a -- begin ;\n, b@ from t"), "select a , b from t");
-    EXPECT_EQ(QueryAt("/* ; */ select x@ from t"), " */ select x from t");
-    EXPECT_EQ(QueryAt("select x@ from t /* open\nwhere 'y"), "select x from t /* open\nwhere 'y");
+// Each case is a script in <name>.sql, marked as Marked() writes it, with the query in
+// <name>.expected: statements, sub-queries, procedural blocks, comments and the caret's edges.
+TEST(StatementExtraction, CaseFiles) {
+    int checked = 0;
+    for (const auto& path : CaseFiles("extract", ".sql")) {
+        SCOPED_TRACE(path.filename());
+        const std::string marked = ReadCase(path);
+        std::string script;
+        size_t caret = 0;
+        for (char ch : marked) {
+            if (ch == '@') caret = script.size();
+            else if (ch != '[' && ch != ']') script += ch;
+        }
+        StatementExtractor::Extent extent;
+        const CString query =
+            StatementExtractor::GetCurrentQuery(VectorStatementSource::FromText(CString(script), int(caret)), extent);
+        EXPECT_EQ(query.str(), ReadCase(std::filesystem::path(path).replace_extension(".expected")));
+        EXPECT_EQ(query, StatementExtractor::GetCurrentQuery(VectorStatementSource::FromText(CString(script), int(caret))));
+        EXPECT_EQ(Marked(script, caret, extent), marked);
+        ++checked;
+    }
+    EXPECT_GT(checked, 0);
 }
 
 TEST(StatementExtraction, CaretAtEdgesAndOutsideTheText) {
-    EXPECT_EQ(QueryAt("@select a from t;"), "select a from t");
-    EXPECT_EQ(QueryAt("select a from t;@"), "");
     const std::vector<CString> lines = {"select a\r\n", "from t\r\n", "where x"};
     const std::string whole = "select a\r\nfrom t\r\nwhere x";
     EXPECT_EQ(Query(lines, -7, -3), whole);
@@ -148,41 +152,4 @@ TEST(StatementExtraction, CheckCommentFindsBlockCommentsAndCutsLineComments) {
     EXPECT_EQ(check("a /* b */ c", 8, 6), "");
     EXPECT_EQ(check("a /* b */ c", 8, 10), "a /* b */ c");
     EXPECT_EQ(check("x -- y", 1, -4), "x ");
-}
-
-// Where the statement lies: "[...]" marks the expected extent in the script, '@' the caret.
-TEST(StatementExtraction, TheExtentSpansTheStatementWithoutItsBlankEnds) {
-    for (std::string script : {
-             std::string("select 1;\n\n  [select a.@x,\n    b -- note\n  from t]  ;\nselect 2"),
-             std::string("declare\n  cursor c is [select@ a.id from t a];\nbegin"),
-             std::string("x;[sel@ect y from t]"),
-             std::string("[select a@ as x]\nselect b from t"),
-             std::string("[select a from t\n where b = 1]\n\n@"),
-             std::string("select 1 -- a @comment\n"),
-             std::string("  @  "),
-         }) {
-        SCOPED_TRACE(script);
-        // The script without its marks, and where the marks stood in it.
-        std::string plain;
-        size_t open = std::string::npos, close = 0, caret = 0;
-        for (char ch : script) {
-            if (ch == '[') open = plain.size();
-            else if (ch == ']') close = plain.size();
-            else if (ch == '@') caret = plain.size();
-            else plain += ch;
-        }
-        script = plain;
-        VectorStatementSource source = VectorStatementSource::FromText(CString(script), int(caret));
-        StatementExtractor::Extent extent;
-        const CString query = StatementExtractor::GetCurrentQuery(source, extent);
-        EXPECT_EQ(query, StatementExtractor::GetCurrentQuery(VectorStatementSource::FromText(CString(script), int(caret))));
-        ASSERT_EQ(extent.found, open != std::string::npos);
-        if (!extent.found) continue;
-        // Lines and columns back to offsets in the script.
-        std::vector<size_t> lineStarts{0};
-        for (size_t i = 0; i < script.size(); ++i)
-            if (script[i] == '\n') lineStarts.push_back(i + 1);
-        EXPECT_EQ(lineStarts[size_t(extent.firstLine)] + size_t(extent.firstColumn), open);
-        EXPECT_EQ(lineStarts[size_t(extent.lastLine)] + size_t(extent.endColumn), close);
-    }
 }

@@ -1,0 +1,2 @@
+  BEGIN  
+[select x@ from t];

@@ -1,0 +1,2 @@
+[select a@ as x]
+select b from t

@@ -1,0 +1,3 @@
+select 1 from a;
+[select x@ from b];
+select 3;

@@ -1,0 +1,4 @@
+[select a from t
+ where b = 1]
+
+@

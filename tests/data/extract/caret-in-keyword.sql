@@ -1,0 +1,1 @@
+x;[sel@ect y from t]

@@ -1,0 +1,3 @@
+declare
+  cursor c is [select@ a.id from t a];
+begin

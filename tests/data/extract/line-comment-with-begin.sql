@@ -1,0 +1,2 @@
+[select a -- begin ;
+, b@ from t]

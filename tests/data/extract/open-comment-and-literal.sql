@@ -1,0 +1,2 @@
+[select x@ from t /* open
+where 'y]

@@ -1,0 +1,2 @@
+create view v as
+  [select x.@ from t x]

@@ -1,0 +1,3 @@
+SQL = "a = :x " 
+SQL = SQL +  "/* :c " 
+SQL = SQL +  " :d */ &e, x := 1, : "

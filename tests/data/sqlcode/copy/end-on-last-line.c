@@ -1,0 +1,1 @@
+pszSQL = "from t; " ;

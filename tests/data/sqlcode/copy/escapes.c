@@ -1,0 +1,1 @@
+pszSQL = "it's \"q\" a\b	c ~" ;

@@ -1,0 +1,1 @@
+my $stmt = 'it\'s "q" a\b	c ~' ;

@@ -1,0 +1,3 @@
+pszSQL = "select 'it' as x, \"b\" as y " 
+         "  from t " 
+         " where k = :key " ;

@@ -1,0 +1,3 @@
+SQL = "select 'it' as x, ~"b~" as y " &
+    + "  from t " &
+    + " where k = :key "

@@ -1,0 +1,2 @@
+StringBuffer strSQL = new StringBuffer();
+strSQL.append("select 1 ");

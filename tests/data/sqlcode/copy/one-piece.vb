@@ -1,0 +1,1 @@
+SQL = "select 1"

@@ -1,0 +1,1 @@
+my $stmt = 'where a = \':x\' and b = :1' ;

@@ -1,0 +1,1 @@
+pszSQL = "select 1; " ;

@@ -1,0 +1,3 @@
+s = "select a, \
+  from t\
+  where c";

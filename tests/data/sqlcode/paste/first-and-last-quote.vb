@@ -1,0 +1,1 @@
+where a = 'x' and b = 'y'

@@ -1,0 +1,3 @@
+' first part
+"
+SQL = "x"

@@ -1,0 +1,2 @@
+SB.AppendLine("a = '?' and b = ? -- ?");
+SB.AppendLine("/* ? */ c = ?,?");

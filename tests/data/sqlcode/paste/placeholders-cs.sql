@@ -1,0 +1,2 @@
+a = '?' and b = :Bind1 -- ?
+/* ? */ c = :Bind2,:Bind3
