@@ -11,9 +11,9 @@
 
 #include "CEditorFailDlg.h"
 #include "ColourTheme.h"
-#include "EditorSettings.h"
 #include "TextAnnotations.h"
 #include "CKTRegistry.h"
+#include "Settings.h"
 #include "CKTUtil.h"
 #include "CKTUtilTrace.h"
 #include "CommandIds.h"
@@ -133,23 +133,15 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
     CKTMgrSetting setting(0);
     const char* fontResource = LoadResourceString(kDefaultFontNameString);
     CString fontName = fontResource && *fontResource ? CString(fontResource) : CKTMgrSetting::GetGlobalFontName();
-    int fontSize = 10;
-    BOOL folding = 1, keepTab = 0, backup = 0, keepEnds = 0;
-    int tabSize = 4;
     applyComfortOptions(setting);
-    if (setting.GetKey()) {
-        fontName = setting.GetString("Editor Font Name", fontName);
-        fontSize = setting.GetInt("Editor Font Size", fontSize);
-        folding = setting.GetBOOL("Folding Margin", folding);
-        keepTab = setting.GetBOOL("Keep Tab", keepTab);
-        backup = setting.GetBOOL("File Backup", backup);
-        tabSize = setting.GetInt("Tab Size", tabSize);
-        blankAfterComment = setting.GetBOOL("Blank After Comment", blankAfterComment);
-        // A save writes the line ends the file had when it was loaded, instead of CR LF.
-        keepEnds = setting.GetBOOL("Keep Line Ends", keepEnds);
-    }
-    if (fontSize < 5 || fontSize > 1000) fontSize = 10;
-    if (tabSize < 1 || tabSize > 256) tabSize = 4;
+    fontName = settings::EditorFontName.Read(setting, fontName);
+    const int fontSize = settings::EditorFontSize.Read(setting);
+    const int folding = settings::FoldingMargin.Read(setting);
+    const int keepTab = settings::KeepTab.Read(setting);
+    const int backup = settings::FileBackup.Read(setting);
+    const int tabSize = settings::TabSize.Read(setting);
+    blankAfterComment = settings::BlankAfterComment.Read(setting, blankAfterComment);
+    const int keepEnds = settings::KeepLineEnds.Read(setting);
     SetFont(fontName, (unsigned long)(fontSize * 10));
     SetDisplayFolding(folding);
     SendEditor(SCI_SETTABWIDTH, WPARAM(tabSize));
@@ -188,10 +180,10 @@ void CKTScinWnd::SetColorFromReg(int editable) {
     COLORREF readOnlyBackground = theme.readOnlyBackground;
     CKTMgrSetting setting(0);
     CKTRegistry colours, mode;
-    if (setting.GetKey() && colours.Open(setting.GetKey(), "Editor Color")) {
-        editBackground = colours.GetDWORD("Edit Mode Background Color", editBackground);
-        readOnlyBackground = colours.GetDWORD("ReadOnly Mode Background Color", readOnlyBackground);
-        mode.Open(colours.GetKey(), editable ? "Editable" : "Readonly");
+    if (setting.GetKey() && colours.Open(setting.GetKey(), settings::EditorColorKey)) {
+        editBackground = colours.GetDWORD(settings::EditBackgroundColor, editBackground);
+        readOnlyBackground = colours.GetDWORD(settings::ReadOnlyBackgroundColor, readOnlyBackground);
+        mode.Open(colours.GetKey(), editable ? settings::EditableColorsKey : settings::ReadOnlyColorsKey);
     }
     for (const ColourRow& row : kColourRows) {
         const COLORREF fallback = theme.groups[row.index];

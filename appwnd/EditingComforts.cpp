@@ -4,8 +4,8 @@
 #include "CKTScinWnd.h"
 #include "ColourTheme.h"
 #include "CommandIds.h"
-#include "EditorSettings.h"
 #include "KeyCodes.h"
+#include "Settings.h"
 #include "QuillEngine.h"
 #include "TextAnnotations.h"
 
@@ -48,7 +48,7 @@ void CKTScinWnd::OnZoomReset() { SendEditor(SCI_SETZOOM, 0); }
 void CKTScinWnd::storeZoom() {
     const int zoom = int(SendEditor(SCI_GETZOOM));
     CKTMgrSetting setting(0);
-    if (setting.GetKey() && settings::EditorZoom.Read(setting) != zoom) setting.SetInt(settings::EditorZoom.name, zoom);
+    if (setting.GetKey() && settings::EditorZoom.Read(setting) != zoom) settings::EditorZoom.Write(setting, zoom);
     SetMarginWidth();  // the line numbers grow and shrink with the text
 }
 

@@ -12,6 +12,7 @@
 #include "CFindTextDlg.h"
 #include "CGotoDlg.h"
 #include "CKTRegistry.h"
+#include "Settings.h"
 #include "CKTUtilTrace.h"
 #include "MessageBox.h"
 #include "QuillEngine.h"
@@ -197,7 +198,7 @@ void CScintillaWnd::initScintilla() {
     for (const auto& m : kMarks) DefineMarker(int(m.marker), int(m.symbol), 0x000000, m.back);
     {
         CKTMgrSetting setting(0);
-        SetDisplayFolding(setting.GetBOOL("Folding Margin", 1));
+        SetDisplayFolding(settings::FoldingMargin.Read(setting));
     }
     SendEditor(SCI_SETHSCROLLBAR, 1);
     SendEditor(SCI_SETVIRTUALSPACEOPTIONS, SCVS_RECTANGULARSELECTION);

@@ -9,6 +9,7 @@
 
 #include "CFileDialogEx.h"
 #include "CKTRegistry.h"
+#include "Settings.h"
 #include "BindScanner.h"
 #include "CNamekitMgr.h"
 #include "StatementExtraction.h"
@@ -60,7 +61,7 @@ BOOL CKTSQLEditWnd::IsAcceleratorKey(const MSG* msg) const {
 
 void CKTSQLEditWnd::ApplyOptionOnRealtime() {
     CKTMgrSetting setting(0);
-    if (setting.GetKey()) changeCase = setting.GetInt("Change Case", 0);
+    if (setting.GetKey()) changeCase = settings::ChangeCase.Read(setting);
     CKTScinWnd::ApplyOptionOnRealtime();
 }
 
@@ -72,13 +73,13 @@ void CKTSQLEditWnd::GotoPosition(int position, bool selectWord) {
 void CKTSQLEditWnd::setOption() {
     CKTMgrSetting setting(0);
     CString stored = LangCodeStoredName(scriptLangCode);
-    if (setting.GetKey()) stored = setting.GetString("Editor Default Code", stored);
+    stored = settings::EditorDefaultCode.Read(setting, stored);
     LangCodeFromStoredName(stored, scriptLangCode);  // a text that names no language changes nothing
 }
 
 void CKTSQLEditWnd::saveOption() {
     CKTMgrSetting setting(0);
-    if (setting.GetKey()) setting.SetString("Editor Default Code", LangCodeStoredName(scriptLangCode));
+    settings::EditorDefaultCode.Write(setting, LangCodeStoredName(scriptLangCode));
 }
 
 void CKTSQLEditWnd::setScriptLangCode(EM_LangCode code) {
