@@ -14,6 +14,7 @@
 #include "TextAnnotations.h"
 #include "CKTRegistry.h"
 #include "Settings.h"
+#include "SqlStyles.h"
 #include "CKTUtil.h"
 #include "CKTUtilTrace.h"
 #include "CommandIds.h"
@@ -30,8 +31,12 @@ struct ColourRow {
 };
 
 const ColourRow kColourRows[] = {
-    {ColorText, "Text", {0, 10, 11}},    {ColorNumber, "Number", {4}},      {ColorString, "String", {6, 7}},
-    {ColorKeyword, "Keyword", {5}},      {ColorFunction, "Function", {20}}, {ColorComment, "Comment", {1, 2, 3, 13}},
+    {ColorText, "Text", {SCE_SQL_DEFAULT, SCE_SQL_OPERATOR, SCE_SQL_IDENTIFIER}},
+    {ColorNumber, "Number", {SCE_SQL_NUMBER}},
+    {ColorString, "String", {SCE_SQL_STRING, SCE_SQL_CHARACTER}},
+    {ColorKeyword, "Keyword", {SCE_SQL_WORD}},
+    {ColorFunction, "Function", {SCE_SQL_USER2}},
+    {ColorComment, "Comment", {SCE_SQL_COMMENT, SCE_SQL_COMMENTLINE, SCE_SQL_COMMENTDOC, SCE_SQL_SQLPLUS_COMMENT}},
 };
 
 bool isGroupStyle(int style) {
@@ -166,7 +171,7 @@ void CKTScinWnd::setForegroundColor(EM_ColorIndex index, unsigned long colour) {
         if (row.index != index) continue;
         if (!keyWordUsingPreCreate) {
             // Without the SQL lexer only the text colour means anything, on the default style.
-            if (index == ColorText) SendEditor(SCI_STYLESETFORE, 0, LPARAM(colour));
+            if (index == ColorText) SendEditor(SCI_STYLESETFORE, SCE_SQL_DEFAULT, LPARAM(colour));
             return;
         }
         for (int style : row.styles) SendEditor(SCI_STYLESETFORE, WPARAM(style), LPARAM(colour));

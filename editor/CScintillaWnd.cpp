@@ -13,6 +13,7 @@
 #include "CGotoDlg.h"
 #include "CKTRegistry.h"
 #include "Settings.h"
+#include "SqlStyles.h"
 #include "CKTUtilTrace.h"
 #include "MessageBox.h"
 #include "QuillEngine.h"
@@ -183,8 +184,10 @@ void CScintillaWnd::initScintilla() {
     blockEnd = GetStyleAndWords("block.end");
 
     static constexpr struct { long style; COLORREF colour; } kStyleColours[] = {
-        {0, 0x000000}, {1, 0x009100}, {2, 0x009100}, {3, 0x009100}, {4, 0x0000FF}, {5, 0xFF0000},
-        {6, 0x000080}, {7, 0x000080}, {10, 0x000000}, {11, 0x000000}, {13, 0x009100}, {20, 0x800080},
+        {SCE_SQL_DEFAULT, 0x000000},     {SCE_SQL_COMMENT, 0x009100},    {SCE_SQL_COMMENTLINE, 0x009100},
+        {SCE_SQL_COMMENTDOC, 0x009100},  {SCE_SQL_NUMBER, 0x0000FF},     {SCE_SQL_WORD, 0xFF0000},
+        {SCE_SQL_STRING, 0x000080},      {SCE_SQL_CHARACTER, 0x000080},  {SCE_SQL_OPERATOR, 0x000000},
+        {SCE_SQL_IDENTIFIER, 0x000000},  {SCE_SQL_SQLPLUS_COMMENT, 0x009100}, {SCE_SQL_USER2, 0x800080},
     };
     for (const auto& s : kStyleColours) SendEditor(SCI_STYLESETFORE, WPARAM(s.style), LPARAM(s.colour));
     SendEditor(SCI_SETSELBACK, 1, 0xFFD6AD);
@@ -205,10 +208,10 @@ void CScintillaWnd::initScintilla() {
     SendEditor(SCI_SETADDITIONALSELECTIONTYPING, 1);
     SendEditor(SCI_SETSCROLLWIDTHTRACKING, 1);
     SendEditor(SCI_SETSCROLLWIDTH, 1);
-    SendEditor(SCI_INDICSETFORE, 29, 0x00E0E0);
-    SendEditor(SCI_INDICSETSTYLE, 29, INDIC_STRAIGHTBOX);
-    SendEditor(SCI_INDICSETALPHA, 29, 192);
-    SendEditor(SCI_INDICSETUNDER, 29, 1);
+    SendEditor(SCI_INDICSETFORE, kWordHighlightIndicator, 0x00E0E0);
+    SendEditor(SCI_INDICSETSTYLE, kWordHighlightIndicator, INDIC_STRAIGHTBOX);
+    SendEditor(SCI_INDICSETALPHA, kWordHighlightIndicator, 192);
+    SendEditor(SCI_INDICSETUNDER, kWordHighlightIndicator, 1);
     // The current match: a box with a solid outline, drawn after the word highlight so that
     // it shows on top of it and of the selection.
     SendEditor(SCI_INDICSETSTYLE, kCurrentMatchIndicator, INDIC_STRAIGHTBOX);
