@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <cstring>
+#include <type_traits>
 #include <vector>
 #include <QGuiApplication>
 
@@ -446,66 +447,52 @@ bool CKTSQLEditWnd::Save(const char* startFolder) {
 
 const MessageMap* CKTSQLEditWnd::GetMessageMap() const { return GetThisMessageMap(); }
 
+namespace {
+// One message map entry's handler: calls Member with what its parameters ask for, the message's
+// (wParam, lParam), the CCmdUI of an update (in lParam), the command id (wParam, its low word
+// for a command), or nothing. A handler without a result answers 0.
+template <auto Member>
+LRESULT handle(CWnd* window, WPARAM wParam, LPARAM lParam) {
+    using M = decltype(Member);
+    using W = CKTSQLEditWnd*;
+    W self = static_cast<W>(window);
+    auto call = [&] {
+        if constexpr (std::is_invocable_v<M, W>) return (self->*Member)();
+        else if constexpr (std::is_invocable_v<M, W, WPARAM, LPARAM>) return (self->*Member)(wParam, lParam);
+        else if constexpr (std::is_invocable_v<M, W, CCmdUI*>) return (self->*Member)(reinterpret_cast<CCmdUI*>(lParam));
+        else if constexpr (std::is_invocable_v<M, W, UINT, CCmdUI*>)
+            return (self->*Member)(UINT(wParam), reinterpret_cast<CCmdUI*>(lParam));
+        else return (self->*Member)(UINT(LOWORD(wParam)));
+    };
+    if constexpr (std::is_void_v<decltype(call())>) {
+        call();
+        return 0;
+    } else {
+        return LRESULT(call());
+    }
+}
+}  // namespace
+
 const MessageMap* CKTSQLEditWnd::GetThisMessageMap() {
+    using W = CKTSQLEditWnd;
     static const std::vector<MessageMapEntry> entries = [] {
         std::vector<MessageMapEntry> list = {
-        {WM_CREATE, 0, [](CWnd* w, WPARAM, LPARAM) -> LRESULT { return static_cast<CKTSQLEditWnd*>(w)->OnCreate(); }},
-        {WM_COMMAND, cmd::Comment,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnEditComment();
-             return 0;
-         }},
-        {WM_COMMAND, cmd::RunStatement,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnRunStatement();
-             return 0;
-         }},
-        {WM_COMMAND, cmd::Uncomment,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnEditUncomment();
-             return 0;
-         }},
-        {kInsertTextMessage, 0,
-         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
-             return static_cast<CKTSQLEditWnd*>(w)->OnInsertText(wParam, lParam);
-         }},
-        {kCompletionAnswer, 0,
-         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
-             return static_cast<CKTSQLEditWnd*>(w)->OnGetData(wParam, lParam);
-         }},
-        {WM_COMMAND, cmd::MakeCode,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnMakeCode();
-             return 0;
-         }},
-        {WM_UPDATE_COMMAND_UI, cmd::MakeCode,
-         [](CWnd* w, WPARAM, LPARAM ui) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnUpdateMakeCode(reinterpret_cast<CCmdUI*>(ui));
-             return 0;
-         }},
-        {WM_COMMAND, cmd::StripCode,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnStripCode();
-             return 0;
-         }},
-        {WM_UPDATE_COMMAND_UI, cmd::StripCode,
-         [](CWnd* w, WPARAM, LPARAM ui) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnUpdateStripCode(reinterpret_cast<CCmdUI*>(ui));
-             return 0;
-         }},
+            {WM_CREATE, 0, handle<&W::OnCreate>},
+            {WM_COMMAND, cmd::Comment, handle<&W::OnEditComment>},
+            {WM_COMMAND, cmd::RunStatement, handle<&W::OnRunStatement>},
+            {WM_COMMAND, cmd::Uncomment, handle<&W::OnEditUncomment>},
+            {kInsertTextMessage, 0, handle<&W::OnInsertText>},
+            {kCompletionAnswer, 0, handle<&W::OnGetData>},
+            {WM_COMMAND, cmd::MakeCode, handle<&W::OnMakeCode>},
+            {WM_UPDATE_COMMAND_UI, cmd::MakeCode, handle<&W::OnUpdateMakeCode>},
+            {WM_COMMAND, cmd::StripCode, handle<&W::OnStripCode>},
+            {WM_UPDATE_COMMAND_UI, cmd::StripCode, handle<&W::OnUpdateStripCode>},
         };
         // Both menus' language entries choose the same language.
         for (const CodeLanguage& language : CodeLanguages())
             for (UINT id : {language.copyMenuId, language.pasteMenuId}) {
-                list.push_back({WM_COMMAND, id, [](CWnd* w, WPARAM wParam, LPARAM) -> LRESULT {
-                                    static_cast<CKTSQLEditWnd*>(w)->OnCopyTo(LOWORD(wParam));
-                                    return 0;
-                                }});
-                list.push_back({WM_UPDATE_COMMAND_UI, id, [](CWnd* w, WPARAM wParam, LPARAM ui) -> LRESULT {
-                                    static_cast<CKTSQLEditWnd*>(w)->OnUpdateCopyTo(UINT(wParam),
-                                                                                   reinterpret_cast<CCmdUI*>(ui));
-                                    return 0;
-                                }});
+                list.push_back({WM_COMMAND, id, handle<&W::OnCopyTo>});
+                list.push_back({WM_UPDATE_COMMAND_UI, id, handle<&W::OnUpdateCopyTo>});
             }
         return list;
     }();
