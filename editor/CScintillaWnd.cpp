@@ -3,7 +3,6 @@
 #include <Qsci/qsciscintillabase.h>
 
 #include <QMimeData>
-#include <dlfcn.h>
 #include <algorithm>
 #include <exception>
 #include <iterator>
@@ -26,12 +25,7 @@ constexpr UINT kDragAndDropMessage = 0x4FF;
 constexpr UINT kCheckCopyMessage = 0x343B;
 
 // The engine QScintilla library this library is linked with, held open by the loader.
-HINSTANCE linkedEngineHandle() {
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&QsciScintillaBase::staticMetaObject), &info) && info.dli_fname)
-        if (void* handle = dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD)) return handle;
-    return dlopen(nullptr, RTLD_NOW);
-}
+HINSTANCE linkedEngineHandle() { return LibraryContaining(&QsciScintillaBase::staticMetaObject); }
 }  // namespace
 
 CScintillaWnd::CScintillaWnd() : logLevel(CKTUtilTrace::GetDebugLogLevel()) {
