@@ -18,6 +18,7 @@
 #include "CKTUtil.h"
 #include "CKTUtilTrace.h"
 #include "CommandIds.h"
+#include "MessageHandlers.h"
 #include "QuillEngine.h"
 #include "Resources.h"
 #include "System.h"
@@ -427,14 +428,8 @@ const MessageMap* CKTScinWnd::GetThisMessageMap() {
         };
         std::vector<MessageMapEntry> list;
         for (const CommandRow& row : simpleCommands()) list.push_back({WM_COMMAND, row.id, runSimpleCommand});
-        list.push_back({WM_COMMAND, cmd::FormatSql, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-                            static_cast<CKTScinWnd*>(w)->OnFormatSql();
-                            return 0;
-                        }});
-        list.push_back({WM_UPDATE_COMMAND_UI, cmd::FormatSql, [](CWnd* w, WPARAM, LPARAM l) -> LRESULT {
-                            static_cast<CKTScinWnd*>(w)->OnUpdateFormatSql(reinterpret_cast<CCmdUI*>(l));
-                            return 0;
-                        }});
+        list.push_back({WM_COMMAND, cmd::FormatSql, OnMessage<&CKTScinWnd::OnFormatSql>});
+        list.push_back({WM_UPDATE_COMMAND_UI, cmd::FormatSql, OnMessage<&CKTScinWnd::OnUpdateFormatSql>});
         for (const std::vector<MessageMapEntry>& more : {MenuCommandEntries(), ComfortCommandEntries()})
             list.insert(list.end(), more.begin(), more.end());
         return list;

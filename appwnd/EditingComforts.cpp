@@ -5,24 +5,17 @@
 #include "ColourTheme.h"
 #include "CommandIds.h"
 #include "KeyCodes.h"
+#include "MessageHandlers.h"
 #include "Settings.h"
 #include "QuillEngine.h"
 #include "TextAnnotations.h"
 
-namespace {
-template <void (CKTScinWnd::*Handler)()>
-LRESULT command(CWnd* window, WPARAM, LPARAM) {
-    (static_cast<CKTScinWnd*>(window)->*Handler)();
-    return 0;
-}
-}  // namespace
-
 std::vector<MessageMapEntry> CKTScinWnd::ComfortCommandEntries() {
     using C = CKTScinWnd;
     return {
-        {WM_COMMAND, cmd::ZoomIn, command<&C::OnZoomIn>},
-        {WM_COMMAND, cmd::ZoomOut, command<&C::OnZoomOut>},
-        {WM_COMMAND, cmd::ZoomReset, command<&C::OnZoomReset>},
+        {WM_COMMAND, cmd::ZoomIn, OnMessage<&C::OnZoomIn>},
+        {WM_COMMAND, cmd::ZoomOut, OnMessage<&C::OnZoomOut>},
+        {WM_COMMAND, cmd::ZoomReset, OnMessage<&C::OnZoomReset>},
     };
 }
 

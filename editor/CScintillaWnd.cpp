@@ -15,6 +15,7 @@
 #include "SqlStyles.h"
 #include "CKTUtilTrace.h"
 #include "MessageBox.h"
+#include "MessageHandlers.h"
 #include "QuillEngine.h"
 #include "System.h"
 
@@ -320,19 +321,13 @@ const MessageMap* CScintillaWnd::GetThisMessageMap() {
              static_cast<CScintillaWnd*>(w)->OnSetFocus(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)));
              return 0;
          }},
-        {kDragAndDropMessage, 0,
-         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
-             return static_cast<CScintillaWnd*>(w)->OnDragNDrop(wParam, lParam);
-         }},
+        {kDragAndDropMessage, 0, OnMessage<&CScintillaWnd::OnDragNDrop>},
         {WM_SIZE, 0,
          [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
              static_cast<CScintillaWnd*>(w)->OnSize(UINT(wParam), LOWORD(WPARAM(lParam)), HIWORD(WPARAM(lParam)));
              return 0;
          }},
-        {kCheckCopyMessage, 0,
-         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
-             return static_cast<CScintillaWnd*>(w)->OnCheckCopy(wParam, lParam);
-         }},
+        {kCheckCopyMessage, 0, OnMessage<&CScintillaWnd::OnCheckCopy>},
     };
     static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
     return &map;

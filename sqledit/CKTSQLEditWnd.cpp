@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <cstring>
-#include <type_traits>
 #include <vector>
 #include <QGuiApplication>
 
@@ -18,6 +17,7 @@
 #include "PasteFromCode.h"
 #include "CKTUtil.h"
 #include "MessageBox.h"
+#include "MessageHandlers.h"
 #include "CommandIds.h"
 #include "QuillEngine.h"
 
@@ -447,52 +447,26 @@ bool CKTSQLEditWnd::Save(const char* startFolder) {
 
 const MessageMap* CKTSQLEditWnd::GetMessageMap() const { return GetThisMessageMap(); }
 
-namespace {
-// One message map entry's handler: calls Member with what its parameters ask for, the message's
-// (wParam, lParam), the CCmdUI of an update (in lParam), the command id (wParam, its low word
-// for a command), or nothing. A handler without a result answers 0.
-template <auto Member>
-LRESULT handle(CWnd* window, WPARAM wParam, LPARAM lParam) {
-    using M = decltype(Member);
-    using W = CKTSQLEditWnd*;
-    W self = static_cast<W>(window);
-    auto call = [&] {
-        if constexpr (std::is_invocable_v<M, W>) return (self->*Member)();
-        else if constexpr (std::is_invocable_v<M, W, WPARAM, LPARAM>) return (self->*Member)(wParam, lParam);
-        else if constexpr (std::is_invocable_v<M, W, CCmdUI*>) return (self->*Member)(reinterpret_cast<CCmdUI*>(lParam));
-        else if constexpr (std::is_invocable_v<M, W, UINT, CCmdUI*>)
-            return (self->*Member)(UINT(wParam), reinterpret_cast<CCmdUI*>(lParam));
-        else return (self->*Member)(UINT(LOWORD(wParam)));
-    };
-    if constexpr (std::is_void_v<decltype(call())>) {
-        call();
-        return 0;
-    } else {
-        return LRESULT(call());
-    }
-}
-}  // namespace
-
 const MessageMap* CKTSQLEditWnd::GetThisMessageMap() {
     using W = CKTSQLEditWnd;
     static const std::vector<MessageMapEntry> entries = [] {
         std::vector<MessageMapEntry> list = {
-            {WM_CREATE, 0, handle<&W::OnCreate>},
-            {WM_COMMAND, cmd::Comment, handle<&W::OnEditComment>},
-            {WM_COMMAND, cmd::RunStatement, handle<&W::OnRunStatement>},
-            {WM_COMMAND, cmd::Uncomment, handle<&W::OnEditUncomment>},
-            {kInsertTextMessage, 0, handle<&W::OnInsertText>},
-            {kCompletionAnswer, 0, handle<&W::OnGetData>},
-            {WM_COMMAND, cmd::MakeCode, handle<&W::OnMakeCode>},
-            {WM_UPDATE_COMMAND_UI, cmd::MakeCode, handle<&W::OnUpdateMakeCode>},
-            {WM_COMMAND, cmd::StripCode, handle<&W::OnStripCode>},
-            {WM_UPDATE_COMMAND_UI, cmd::StripCode, handle<&W::OnUpdateStripCode>},
+            {WM_CREATE, 0, OnMessage<&W::OnCreate>},
+            {WM_COMMAND, cmd::Comment, OnMessage<&W::OnEditComment>},
+            {WM_COMMAND, cmd::RunStatement, OnMessage<&W::OnRunStatement>},
+            {WM_COMMAND, cmd::Uncomment, OnMessage<&W::OnEditUncomment>},
+            {kInsertTextMessage, 0, OnMessage<&W::OnInsertText>},
+            {kCompletionAnswer, 0, OnMessage<&W::OnGetData>},
+            {WM_COMMAND, cmd::MakeCode, OnMessage<&W::OnMakeCode>},
+            {WM_UPDATE_COMMAND_UI, cmd::MakeCode, OnMessage<&W::OnUpdateMakeCode>},
+            {WM_COMMAND, cmd::StripCode, OnMessage<&W::OnStripCode>},
+            {WM_UPDATE_COMMAND_UI, cmd::StripCode, OnMessage<&W::OnUpdateStripCode>},
         };
         // Both menus' language entries choose the same language.
         for (const CodeLanguage& language : CodeLanguages())
             for (UINT id : {language.copyMenuId, language.pasteMenuId}) {
-                list.push_back({WM_COMMAND, id, handle<&W::OnCopyTo>});
-                list.push_back({WM_UPDATE_COMMAND_UI, id, handle<&W::OnUpdateCopyTo>});
+                list.push_back({WM_COMMAND, id, OnMessage<&W::OnCopyTo>});
+                list.push_back({WM_UPDATE_COMMAND_UI, id, OnMessage<&W::OnUpdateCopyTo>});
             }
         return list;
     }();
