@@ -4,6 +4,7 @@
 #include <climits>
 
 #include "CommandIds.h"
+#include "MessageHandlers.h"
 
 CKTScinReadWnd::CKTScinReadWnd() {
     SetPopupMenu(IDR_READONLY_MENU, 0);
@@ -136,16 +137,8 @@ const MessageMap* CKTScinReadWnd::GetMessageMap() const { return GetThisMessageM
 
 const MessageMap* CKTScinReadWnd::GetThisMessageMap() {
     static const MessageMapEntry entries[] = {
-        {WM_COMMAND, cmd::EditClear,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTScinReadWnd*>(w)->OnEditClearAll();
-             return 0;
-         }},
-        {WM_UPDATE_COMMAND_UI, cmd::EditClear,
-         [](CWnd* w, WPARAM, LPARAM ui) -> LRESULT {
-             static_cast<CKTScinReadWnd*>(w)->OnUpdateEditClearAll(reinterpret_cast<CCmdUI*>(ui));
-             return 0;
-         }},
+        {WM_COMMAND, cmd::EditClear, OnMessage<&CKTScinReadWnd::OnEditClearAll>},
+        {WM_UPDATE_COMMAND_UI, cmd::EditClear, OnMessage<&CKTScinReadWnd::OnUpdateEditClearAll>},
     };
     static const MessageMap map{CKTScinWnd::GetThisMessageMap(), entries, std::size(entries)};
     return &map;

@@ -11,12 +11,14 @@
 
 #include "CEditorFailDlg.h"
 #include "ColourTheme.h"
-#include "EditorSettings.h"
 #include "TextAnnotations.h"
 #include "CKTRegistry.h"
+#include "Settings.h"
+#include "SqlStyles.h"
 #include "CKTUtil.h"
 #include "CKTUtilTrace.h"
 #include "CommandIds.h"
+#include "MessageHandlers.h"
 #include "QuillEngine.h"
 #include "Resources.h"
 #include "System.h"
@@ -30,8 +32,12 @@ struct ColourRow {
 };
 
 const ColourRow kColourRows[] = {
-    {ColorText, "Text", {0, 10, 11}},    {ColorNumber, "Number", {4}},      {ColorString, "String", {6, 7}},
-    {ColorKeyword, "Keyword", {5}},      {ColorFunction, "Function", {20}}, {ColorComment, "Comment", {1, 2, 3, 13}},
+    {ColorText, "Text", {SCE_SQL_DEFAULT, SCE_SQL_OPERATOR, SCE_SQL_IDENTIFIER}},
+    {ColorNumber, "Number", {SCE_SQL_NUMBER}},
+    {ColorString, "String", {SCE_SQL_STRING, SCE_SQL_CHARACTER}},
+    {ColorKeyword, "Keyword", {SCE_SQL_WORD}},
+    {ColorFunction, "Function", {SCE_SQL_USER2}},
+    {ColorComment, "Comment", {SCE_SQL_COMMENT, SCE_SQL_COMMENTLINE, SCE_SQL_COMMENTDOC, SCE_SQL_SQLPLUS_COMMENT}},
 };
 
 bool isGroupStyle(int style) {
@@ -133,23 +139,15 @@ void CKTScinWnd::ApplyOptionOnRealtime() {
     CKTMgrSetting setting(0);
     const char* fontResource = LoadResourceString(kDefaultFontNameString);
     CString fontName = fontResource && *fontResource ? CString(fontResource) : CKTMgrSetting::GetGlobalFontName();
-    int fontSize = 10;
-    BOOL folding = 1, keepTab = 0, backup = 0, keepEnds = 0;
-    int tabSize = 4;
     applyComfortOptions(setting);
-    if (setting.GetKey()) {
-        fontName = setting.GetString("Editor Font Name", fontName);
-        fontSize = setting.GetInt("Editor Font Size", fontSize);
-        folding = setting.GetBOOL("Folding Margin", folding);
-        keepTab = setting.GetBOOL("Keep Tab", keepTab);
-        backup = setting.GetBOOL("File Backup", backup);
-        tabSize = setting.GetInt("Tab Size", tabSize);
-        blankAfterComment = setting.GetBOOL("Blank After Comment", blankAfterComment);
-        // A save writes the line ends the file had when it was loaded, instead of CR LF.
-        keepEnds = setting.GetBOOL("Keep Line Ends", keepEnds);
-    }
-    if (fontSize < 5 || fontSize > 1000) fontSize = 10;
-    if (tabSize < 1 || tabSize > 256) tabSize = 4;
+    fontName = settings::EditorFontName.Read(setting, fontName);
+    const int fontSize = settings::EditorFontSize.Read(setting);
+    const int folding = settings::FoldingMargin.Read(setting);
+    const int keepTab = settings::KeepTab.Read(setting);
+    const int backup = settings::FileBackup.Read(setting);
+    const int tabSize = settings::TabSize.Read(setting);
+    blankAfterComment = settings::BlankAfterComment.Read(setting, blankAfterComment);
+    const int keepEnds = settings::KeepLineEnds.Read(setting);
     SetFont(fontName, (unsigned long)(fontSize * 10));
     SetDisplayFolding(folding);
     SendEditor(SCI_SETTABWIDTH, WPARAM(tabSize));
@@ -174,7 +172,7 @@ void CKTScinWnd::setForegroundColor(EM_ColorIndex index, unsigned long colour) {
         if (row.index != index) continue;
         if (!keyWordUsingPreCreate) {
             // Without the SQL lexer only the text colour means anything, on the default style.
-            if (index == ColorText) SendEditor(SCI_STYLESETFORE, 0, LPARAM(colour));
+            if (index == ColorText) SendEditor(SCI_STYLESETFORE, SCE_SQL_DEFAULT, LPARAM(colour));
             return;
         }
         for (int style : row.styles) SendEditor(SCI_STYLESETFORE, WPARAM(style), LPARAM(colour));
@@ -188,10 +186,10 @@ void CKTScinWnd::SetColorFromReg(int editable) {
     COLORREF readOnlyBackground = theme.readOnlyBackground;
     CKTMgrSetting setting(0);
     CKTRegistry colours, mode;
-    if (setting.GetKey() && colours.Open(setting.GetKey(), "Editor Color")) {
-        editBackground = colours.GetDWORD("Edit Mode Background Color", editBackground);
-        readOnlyBackground = colours.GetDWORD("ReadOnly Mode Background Color", readOnlyBackground);
-        mode.Open(colours.GetKey(), editable ? "Editable" : "Readonly");
+    if (setting.GetKey() && colours.Open(setting.GetKey(), settings::EditorColorKey)) {
+        editBackground = colours.GetDWORD(settings::EditBackgroundColor, editBackground);
+        readOnlyBackground = colours.GetDWORD(settings::ReadOnlyBackgroundColor, readOnlyBackground);
+        mode.Open(colours.GetKey(), editable ? settings::EditableColorsKey : settings::ReadOnlyColorsKey);
     }
     for (const ColourRow& row : kColourRows) {
         const COLORREF fallback = theme.groups[row.index];
@@ -430,14 +428,8 @@ const MessageMap* CKTScinWnd::GetThisMessageMap() {
         };
         std::vector<MessageMapEntry> list;
         for (const CommandRow& row : simpleCommands()) list.push_back({WM_COMMAND, row.id, runSimpleCommand});
-        list.push_back({WM_COMMAND, cmd::FormatSql, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-                            static_cast<CKTScinWnd*>(w)->OnFormatSql();
-                            return 0;
-                        }});
-        list.push_back({WM_UPDATE_COMMAND_UI, cmd::FormatSql, [](CWnd* w, WPARAM, LPARAM l) -> LRESULT {
-                            static_cast<CKTScinWnd*>(w)->OnUpdateFormatSql(reinterpret_cast<CCmdUI*>(l));
-                            return 0;
-                        }});
+        list.push_back({WM_COMMAND, cmd::FormatSql, OnMessage<&CKTScinWnd::OnFormatSql>});
+        list.push_back({WM_UPDATE_COMMAND_UI, cmd::FormatSql, OnMessage<&CKTScinWnd::OnUpdateFormatSql>});
         for (const std::vector<MessageMapEntry>& more : {MenuCommandEntries(), ComfortCommandEntries()})
             list.insert(list.end(), more.begin(), more.end());
         return list;

@@ -4,25 +4,18 @@
 #include "CKTScinWnd.h"
 #include "ColourTheme.h"
 #include "CommandIds.h"
-#include "EditorSettings.h"
 #include "KeyCodes.h"
+#include "MessageHandlers.h"
+#include "Settings.h"
 #include "QuillEngine.h"
 #include "TextAnnotations.h"
-
-namespace {
-template <void (CKTScinWnd::*Handler)()>
-LRESULT command(CWnd* window, WPARAM, LPARAM) {
-    (static_cast<CKTScinWnd*>(window)->*Handler)();
-    return 0;
-}
-}  // namespace
 
 std::vector<MessageMapEntry> CKTScinWnd::ComfortCommandEntries() {
     using C = CKTScinWnd;
     return {
-        {WM_COMMAND, cmd::ZoomIn, command<&C::OnZoomIn>},
-        {WM_COMMAND, cmd::ZoomOut, command<&C::OnZoomOut>},
-        {WM_COMMAND, cmd::ZoomReset, command<&C::OnZoomReset>},
+        {WM_COMMAND, cmd::ZoomIn, OnMessage<&C::OnZoomIn>},
+        {WM_COMMAND, cmd::ZoomOut, OnMessage<&C::OnZoomOut>},
+        {WM_COMMAND, cmd::ZoomReset, OnMessage<&C::OnZoomReset>},
     };
 }
 
@@ -48,7 +41,7 @@ void CKTScinWnd::OnZoomReset() { SendEditor(SCI_SETZOOM, 0); }
 void CKTScinWnd::storeZoom() {
     const int zoom = int(SendEditor(SCI_GETZOOM));
     CKTMgrSetting setting(0);
-    if (setting.GetKey() && settings::EditorZoom.Read(setting) != zoom) setting.SetInt(settings::EditorZoom.name, zoom);
+    if (setting.GetKey() && settings::EditorZoom.Read(setting) != zoom) settings::EditorZoom.Write(setting, zoom);
     SetMarginWidth();  // the line numbers grow and shrink with the text
 }
 

@@ -2,6 +2,7 @@
 // utility library, with the format options as the settings hold them at that moment.
 #include "CKTScinWnd.h"
 #include "CKTRegistry.h"
+#include "Settings.h"
 #include "CSQLFormatter.h"
 #include "System.h"
 
@@ -93,10 +94,10 @@ int CKTScinWnd::isSQLKeyword2(const char* word, int length) { return inTable(kSQ
 void CKTScinWnd::refreshOptionFormatSQL() {
     CKTMgrSetting setting(0);
     if (!setting.GetKey()) return;
-    keywordAlign = setting.GetInt("Keyword Align", keywordAlign ? 1 : 0) != 0;
-    commaInList = setting.GetInt("Comma in List", commaInList ? 1 : 0) != 0;
-    keywordCase = setting.GetInt("Keyword Case", keywordCase);
-    multiline = setting.GetInt("Multiline", multiline ? 1 : 0) != 0;
+    keywordAlign = settings::KeywordAlign.Read(setting, keywordAlign) != 0;
+    commaInList = settings::CommaInList.Read(setting, commaInList) != 0;
+    keywordCase = settings::KeywordCase.Read(setting, keywordCase);
+    multiline = settings::Multiline.Read(setting, multiline) != 0;
 }
 
 void CKTScinWnd::FormatSql() {

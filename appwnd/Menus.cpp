@@ -7,6 +7,7 @@
 #include "CKTScinWnd.h"
 #include "CommandIds.h"
 #include "MessageBox.h"
+#include "MessageHandlers.h"
 #include "Resources.h"
 #include "System.h"
 
@@ -27,17 +28,6 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-template <void (CKTScinWnd::*Handler)()>
-LRESULT command(CWnd* window, WPARAM, LPARAM) {
-    (static_cast<CKTScinWnd*>(window)->*Handler)();
-    return 0;
-}
-
-template <void (CKTScinWnd::*Handler)(CCmdUI*)>
-LRESULT update(CWnd* window, WPARAM, LPARAM ui) {
-    (static_cast<CKTScinWnd*>(window)->*Handler)(reinterpret_cast<CCmdUI*>(ui));
-    return 0;
-}
 }  // namespace
 
 void CKTScinWnd::SetPopupMenu(UINT menuId, UINT subIndex) {
@@ -177,33 +167,29 @@ std::vector<MessageMapEntry> CKTScinWnd::MenuCommandEntries() {
                                                  BOOL((lParam >> 16) & 0xFFFF));
              return 0;
          }},
-        {WM_COMMAND, cmd::Find, command<&C::OnFind>},
-        {WM_COMMAND, cmd::FindNext, command<&C::OnEditRepeat>},
-        {WM_COMMAND, cmd::FindPrevious, command<&C::OnEditFindPrevious>},
-        {WM_COMMAND, cmd::Replace,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<C*>(w)->Replace();
-             return 0;
-         }},
-        {WM_COMMAND, cmd::IncreaseIndent, command<&C::OnEditTab>},
-        {WM_COMMAND, cmd::DecreaseIndent, command<&C::OnEditUnTab>},
-        {WM_COMMAND, cmd::AutoComplete, command<&C::OnEditAutoComplete>},
-        {WM_COMMAND, cmd::MatchBrace, command<&C::OnEditMatchBrace>},
-        {WM_COMMAND, cmd::MatchBraceExtend, command<&C::OnEditMatchBreaceExtend>},
-        {WM_COMMAND, cmd::ToggleBookmark, command<&C::OnEditToggleBookMark>},
-        {WM_COMMAND, cmd::NextBookmark, command<&C::OnEditGotoNextBookMark>},
-        {WM_COMMAND, cmd::PreviousBookmark, command<&C::OnEditGotoPrevBookMark>},
-        {WM_COMMAND, cmd::ClearAllBookmarks, command<&C::OnClearAllBookmarks>},
-        {WM_COMMAND, cmd::FilePrint, command<&C::OnPrint>},
-        {WM_COMMAND, cmd::FileSaveAsInternal, command<&C::OnFileSaveAsInternal>},
-        {WM_UPDATE_COMMAND_UI, cmd::EditClear, update<&C::OnUpdateEditClearContent>},
-        {WM_UPDATE_COMMAND_UI, cmd::EditCut, update<&C::OnUpdateEditCut>},
-        {WM_UPDATE_COMMAND_UI, cmd::EditCopy, update<&C::OnUpdateEditCopy>},
-        {WM_UPDATE_COMMAND_UI, cmd::EditPaste, update<&C::OnUpdateEditPaste>},
-        {WM_UPDATE_COMMAND_UI, cmd::EditUndo, update<&C::OnUpdateEditUndo>},
-        {WM_UPDATE_COMMAND_UI, cmd::EditRedo, update<&C::OnUpdateEditRedo>},
-        {WM_UPDATE_COMMAND_UI, cmd::FileSaveAsInternal, update<&C::OnUpdateFileSaveAsInternal>},
-        {WM_UPDATE_COMMAND_UI, cmd::IndicatorOvr, update<&C::OnUpdateIndicatorOvr>},
-        {WM_UPDATE_COMMAND_UI, cmd::IndicatorRows, update<&C::OnUpdateIndicatorRows>},
+        {WM_COMMAND, cmd::Find, OnMessage<&C::OnFind>},
+        {WM_COMMAND, cmd::FindNext, OnMessage<&C::OnEditRepeat>},
+        {WM_COMMAND, cmd::FindPrevious, OnMessage<&C::OnEditFindPrevious>},
+        {WM_COMMAND, cmd::Replace, OnMessage<&C::Replace>},
+        {WM_COMMAND, cmd::IncreaseIndent, OnMessage<&C::OnEditTab>},
+        {WM_COMMAND, cmd::DecreaseIndent, OnMessage<&C::OnEditUnTab>},
+        {WM_COMMAND, cmd::AutoComplete, OnMessage<&C::OnEditAutoComplete>},
+        {WM_COMMAND, cmd::MatchBrace, OnMessage<&C::OnEditMatchBrace>},
+        {WM_COMMAND, cmd::MatchBraceExtend, OnMessage<&C::OnEditMatchBreaceExtend>},
+        {WM_COMMAND, cmd::ToggleBookmark, OnMessage<&C::OnEditToggleBookMark>},
+        {WM_COMMAND, cmd::NextBookmark, OnMessage<&C::OnEditGotoNextBookMark>},
+        {WM_COMMAND, cmd::PreviousBookmark, OnMessage<&C::OnEditGotoPrevBookMark>},
+        {WM_COMMAND, cmd::ClearAllBookmarks, OnMessage<&C::OnClearAllBookmarks>},
+        {WM_COMMAND, cmd::FilePrint, OnMessage<&C::OnPrint>},
+        {WM_COMMAND, cmd::FileSaveAsInternal, OnMessage<&C::OnFileSaveAsInternal>},
+        {WM_UPDATE_COMMAND_UI, cmd::EditClear, OnMessage<&C::OnUpdateEditClearContent>},
+        {WM_UPDATE_COMMAND_UI, cmd::EditCut, OnMessage<&C::OnUpdateEditCut>},
+        {WM_UPDATE_COMMAND_UI, cmd::EditCopy, OnMessage<&C::OnUpdateEditCopy>},
+        {WM_UPDATE_COMMAND_UI, cmd::EditPaste, OnMessage<&C::OnUpdateEditPaste>},
+        {WM_UPDATE_COMMAND_UI, cmd::EditUndo, OnMessage<&C::OnUpdateEditUndo>},
+        {WM_UPDATE_COMMAND_UI, cmd::EditRedo, OnMessage<&C::OnUpdateEditRedo>},
+        {WM_UPDATE_COMMAND_UI, cmd::FileSaveAsInternal, OnMessage<&C::OnUpdateFileSaveAsInternal>},
+        {WM_UPDATE_COMMAND_UI, cmd::IndicatorOvr, OnMessage<&C::OnUpdateIndicatorOvr>},
+        {WM_UPDATE_COMMAND_UI, cmd::IndicatorRows, OnMessage<&C::OnUpdateIndicatorRows>},
     };
 }

@@ -8,12 +8,13 @@
 #include <vector>
 
 #include "CString.h"
+#include "Indicators.h"
 #include "WinTypes.h"
 
 class TextAnnotations {
 public:
     using Send = std::function<long(long message, WPARAM wParam, LPARAM lParam)>;
-    static constexpr int kIndicator = 31;
+    static constexpr int kIndicator = indicator::Annotation;
     static constexpr int kStyle = 63;  // the style of the message lines; no lexer style uses it
 
     explicit TextAnnotations(Send send) : send_(std::move(send)) {}

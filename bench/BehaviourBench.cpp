@@ -182,7 +182,7 @@ struct HighlightRun {
 };
 
 long countLit(BehaviourEditor& editor) {
-    constexpr int kIndicator = 29;
+    constexpr int kIndicator = indicator::WordHighlight;
     const long length = editor.SendEditor(SCI_GETLENGTH);
     const long first = editor.SendEditor(SCI_POSITIONFROMLINE,
                                          WPARAM(editor.SendEditor(SCI_GETFIRSTVISIBLELINE)));

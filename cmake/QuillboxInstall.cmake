@@ -24,6 +24,7 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/platform/CMenu.h
   ${PROJECT_SOURCE_DIR}/platform/Controls.h
   ${PROJECT_SOURCE_DIR}/engine/ScintillaConstants.h
+  ${PROJECT_SOURCE_DIR}/engine/Indicators.h
   ${PROJECT_SOURCE_DIR}/engine/EngineTypes.h
   ${PROJECT_SOURCE_DIR}/engine/QuillEngine.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTRegistry.h

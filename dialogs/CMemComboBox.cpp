@@ -9,6 +9,7 @@
 #include <iterator>
 #include <vector>
 
+#include "MessageHandlers.h"
 #include "Registry.h"
 
 CMemComboBox::GroupMap CMemComboBox::groups;
@@ -164,11 +165,7 @@ const MessageMap* CMemComboBox::GetThisMessageMap() {
              if (HIWORD(wParam) == CBN_SETFOCUS) static_cast<CMemComboBox*>(w)->OnSetfocus();
              return 0;
          }},
-        {WM_DESTROY, 0,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CMemComboBox*>(w)->OnDestroy();
-             return 0;
-         }},
+        {WM_DESTROY, 0, OnMessage<&CMemComboBox::OnDestroy>},
     };
     static const MessageMap map{CComboBox::GetThisMessageMap(), entries, std::size(entries)};
     return &map;

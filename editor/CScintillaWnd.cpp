@@ -3,7 +3,6 @@
 #include <Qsci/qsciscintillabase.h>
 
 #include <QMimeData>
-#include <dlfcn.h>
 #include <algorithm>
 #include <exception>
 #include <iterator>
@@ -12,8 +11,11 @@
 #include "CFindTextDlg.h"
 #include "CGotoDlg.h"
 #include "CKTRegistry.h"
+#include "Settings.h"
+#include "SqlStyles.h"
 #include "CKTUtilTrace.h"
 #include "MessageBox.h"
+#include "MessageHandlers.h"
 #include "QuillEngine.h"
 #include "System.h"
 
@@ -24,12 +26,7 @@ constexpr UINT kDragAndDropMessage = 0x4FF;
 constexpr UINT kCheckCopyMessage = 0x343B;
 
 // The engine QScintilla library this library is linked with, held open by the loader.
-HINSTANCE linkedEngineHandle() {
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&QsciScintillaBase::staticMetaObject), &info) && info.dli_fname)
-        if (void* handle = dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD)) return handle;
-    return dlopen(nullptr, RTLD_NOW);
-}
+HINSTANCE linkedEngineHandle() { return LibraryContaining(&QsciScintillaBase::staticMetaObject); }
 }  // namespace
 
 CScintillaWnd::CScintillaWnd() : logLevel(CKTUtilTrace::GetDebugLogLevel()) {
@@ -182,8 +179,10 @@ void CScintillaWnd::initScintilla() {
     blockEnd = GetStyleAndWords("block.end");
 
     static constexpr struct { long style; COLORREF colour; } kStyleColours[] = {
-        {0, 0x000000}, {1, 0x009100}, {2, 0x009100}, {3, 0x009100}, {4, 0x0000FF}, {5, 0xFF0000},
-        {6, 0x000080}, {7, 0x000080}, {10, 0x000000}, {11, 0x000000}, {13, 0x009100}, {20, 0x800080},
+        {SCE_SQL_DEFAULT, 0x000000},     {SCE_SQL_COMMENT, 0x009100},    {SCE_SQL_COMMENTLINE, 0x009100},
+        {SCE_SQL_COMMENTDOC, 0x009100},  {SCE_SQL_NUMBER, 0x0000FF},     {SCE_SQL_WORD, 0xFF0000},
+        {SCE_SQL_STRING, 0x000080},      {SCE_SQL_CHARACTER, 0x000080},  {SCE_SQL_OPERATOR, 0x000000},
+        {SCE_SQL_IDENTIFIER, 0x000000},  {SCE_SQL_SQLPLUS_COMMENT, 0x009100}, {SCE_SQL_USER2, 0x800080},
     };
     for (const auto& s : kStyleColours) SendEditor(SCI_STYLESETFORE, WPARAM(s.style), LPARAM(s.colour));
     SendEditor(SCI_SETSELBACK, 1, 0xFFD6AD);
@@ -197,17 +196,17 @@ void CScintillaWnd::initScintilla() {
     for (const auto& m : kMarks) DefineMarker(int(m.marker), int(m.symbol), 0x000000, m.back);
     {
         CKTMgrSetting setting(0);
-        SetDisplayFolding(setting.GetBOOL("Folding Margin", 1));
+        SetDisplayFolding(settings::FoldingMargin.Read(setting));
     }
     SendEditor(SCI_SETHSCROLLBAR, 1);
     SendEditor(SCI_SETVIRTUALSPACEOPTIONS, SCVS_RECTANGULARSELECTION);
     SendEditor(SCI_SETADDITIONALSELECTIONTYPING, 1);
     SendEditor(SCI_SETSCROLLWIDTHTRACKING, 1);
     SendEditor(SCI_SETSCROLLWIDTH, 1);
-    SendEditor(SCI_INDICSETFORE, 29, 0x00E0E0);
-    SendEditor(SCI_INDICSETSTYLE, 29, INDIC_STRAIGHTBOX);
-    SendEditor(SCI_INDICSETALPHA, 29, 192);
-    SendEditor(SCI_INDICSETUNDER, 29, 1);
+    SendEditor(SCI_INDICSETFORE, kWordHighlightIndicator, 0x00E0E0);
+    SendEditor(SCI_INDICSETSTYLE, kWordHighlightIndicator, INDIC_STRAIGHTBOX);
+    SendEditor(SCI_INDICSETALPHA, kWordHighlightIndicator, 192);
+    SendEditor(SCI_INDICSETUNDER, kWordHighlightIndicator, 1);
     // The current match: a box with a solid outline, drawn after the word highlight so that
     // it shows on top of it and of the selection.
     SendEditor(SCI_INDICSETSTYLE, kCurrentMatchIndicator, INDIC_STRAIGHTBOX);
@@ -322,19 +321,13 @@ const MessageMap* CScintillaWnd::GetThisMessageMap() {
              static_cast<CScintillaWnd*>(w)->OnSetFocus(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)));
              return 0;
          }},
-        {kDragAndDropMessage, 0,
-         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
-             return static_cast<CScintillaWnd*>(w)->OnDragNDrop(wParam, lParam);
-         }},
+        {kDragAndDropMessage, 0, OnMessage<&CScintillaWnd::OnDragNDrop>},
         {WM_SIZE, 0,
          [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
              static_cast<CScintillaWnd*>(w)->OnSize(UINT(wParam), LOWORD(WPARAM(lParam)), HIWORD(WPARAM(lParam)));
              return 0;
          }},
-        {kCheckCopyMessage, 0,
-         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
-             return static_cast<CScintillaWnd*>(w)->OnCheckCopy(wParam, lParam);
-         }},
+        {kCheckCopyMessage, 0, OnMessage<&CScintillaWnd::OnCheckCopy>},
     };
     static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
     return &map;

@@ -10,6 +10,7 @@
 #include "CString.h"
 #include "CWnd.h"
 #include "EngineTypes.h"
+#include "Indicators.h"
 #include "OleData.h"
 #include "PropSetFile.h"
 #include "SString.h"
@@ -212,8 +213,8 @@ public:
     void FindPreviousMark(int marker);
     // Indicators drawn over the text: every visible occurrence of the selected word, and the
     // match Find Next selected, which stands out from those occurrences while it stays selected.
-    static constexpr int kWordHighlightIndicator = 29;
-    static constexpr int kCurrentMatchIndicator = 30;
+    static constexpr int kWordHighlightIndicator = indicator::WordHighlight;
+    static constexpr int kCurrentMatchIndicator = indicator::CurrentMatch;
     // The error mark: while the selection keeps one of its ends, no word highlight shows.
     void SetErrorMark(bool on, long start, long end);
     // Selects the word at (offset x, line y counted from 0) and holds it as the error mark.

@@ -2,10 +2,10 @@
 #include <climits>
 #include <cstdio>
 #include <new>
-#include <unistd.h>
 
 #include "CKTTextFile.h"
 #include "CScintillaWnd.h"
+#include "Files.h"
 #include "LineEnds.h"
 
 bool CScintillaWnd::readFileText(const char* path, CString& text) {
@@ -145,7 +145,7 @@ bool CScintillaWnd::writeDocument(const char* path, int encoding, bool backup) {
 
 bool CScintillaWnd::makeBackupFile(CString path) {
     const CString backupPath = path + ".bak";
-    ::unlink(backupPath);
+    RemoveFile(backupPath);
     return std::rename(path, backupPath) == 0;
 }
 

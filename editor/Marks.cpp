@@ -8,7 +8,6 @@
 namespace {
 constexpr int kBookmark = 0;
 constexpr int kBreakpoint = 1;
-constexpr int kHighlightIndicator = CScintillaWnd::kWordHighlightIndicator;
 // The highlight looks at no more display lines than this, however tall the window.
 constexpr long kMaxHighlightLines = 400;
 
@@ -128,7 +127,7 @@ void CScintillaWnd::followCurrentMatch() {
 void CScintillaWnd::HighLightingText() {
     const Sci_CharacterRange selection = GetSelection();
     // A highlight never outlives the selection it was made for.
-    clearIndicator(kHighlightIndicator);
+    clearIndicator(kWordHighlightIndicator);
     if (selection.cpMin == selection.cpMax) {
         SetErrorMark(false, -1, -1);
         return;
@@ -184,7 +183,7 @@ void CScintillaWnd::MarkAll(char* text, int start, int end) {
         const long matchStart = SendEditor(SCI_GETTARGETSTART);
         const long matchEnd = SendEditor(SCI_GETTARGETEND);
         if (matchEnd > end) break;
-        SendEditor(SCI_SETINDICATORCURRENT, kHighlightIndicator);
+        SendEditor(SCI_SETINDICATORCURRENT, kWordHighlightIndicator);
         SendEditor(SCI_INDICATORFILLRANGE, WPARAM(matchStart), matchEnd - matchStart);
         found = FindInTarget(text, length, int(matchStart + 1 + length), end);
     }

@@ -77,48 +77,31 @@ struct PageLine {
     }
 };
 
-// The header sits above the text frame, on a box of its background colour, with a rule
-// between it and the body.
-void drawHeader(CDC& dc, const PropSet& pass, PageLine& header, const RECT& frame) {
-    const SString text = pass.GetExpanded(header.formatKey);
-    const int hh = header.lineHeight;
-    dc.SetTextColor(header.fore);
-    dc.SetBkColor(header.back);
-    dc.SelectObject(&header.font);
-    const UINT alignment = dc.SetTextAlign(TA_BOTTOM);
-    const int y = frame.top - hh / 2;
-    const RECT box{frame.left, y - hh, frame.right, y};
+// A header sits above the text frame and a footer below it, each on a box of its background
+// colour, with a rule between it and the body. Text and rule lie half a line and a quarter of
+// a line from the frame.
+enum class PageEdge { Top, Bottom };
+
+void drawPageLine(CDC& dc, const PropSet& pass, PageLine& line, const RECT& frame, PageEdge edge) {
+    const bool top = edge == PageEdge::Top;
+    const int outward = top ? -1 : 1;
+    const int border = top ? frame.top : frame.bottom;
+    const int height = line.lineHeight;
+    const SString text = pass.GetExpanded(line.formatKey);
+    dc.SetTextColor(line.fore);
+    dc.SetBkColor(line.back);
+    dc.SelectObject(&line.font);
+    const UINT alignment = dc.SetTextAlign(top ? TA_BOTTOM : TA_TOP);
+    const int y = border + outward * (height / 2);
+    const RECT box{frame.left, top ? y - height : y, frame.right, top ? y : y + height};
     dc.ExtTextOut(frame.left + 5, y, ETO_OPAQUE, &box, text.c_str(), text.length());
     dc.SetTextAlign(alignment);
 
     CPen pen;
-    pen.CreatePen(PS_SOLID, 1, header.fore);
+    pen.CreatePen(PS_SOLID, 1, line.fore);
     CPen* previous = dc.SelectObject(&pen);
-    dc.MoveTo(frame.left, frame.top - hh / 4);
-    dc.LineTo(frame.right, frame.top - hh / 4);
-    dc.SelectObject(previous);
-    pen.DeleteObject();
-}
-
-// The footer mirrors the header below the text frame, its rule above it.
-void drawFooter(CDC& dc, const PropSet& pass, PageLine& footer, const RECT& frame) {
-    const SString text = pass.GetExpanded(footer.formatKey);
-    const int fh = footer.lineHeight;
-    dc.SetTextColor(footer.fore);
-    dc.SetBkColor(footer.back);
-    dc.SelectObject(&footer.font);
-    const UINT alignment = dc.SetTextAlign(TA_TOP);
-    const int y = frame.bottom + fh / 2;
-    const RECT box{frame.left, y, frame.right, y + fh};
-    dc.ExtTextOut(frame.left + 5, y, ETO_OPAQUE, &box, text.c_str(), text.length());
-    dc.SetTextAlign(alignment);
-    dc.SetBkColor(footer.fore);
-
-    CPen pen;
-    pen.CreatePen(PS_SOLID, 1, footer.fore);
-    CPen* previous = dc.SelectObject(&pen);
-    dc.MoveTo(frame.left, frame.bottom + fh / 4);
-    dc.LineTo(frame.right, frame.bottom + fh / 4);
+    dc.MoveTo(frame.left, border + outward * (height / 4));
+    dc.LineTo(frame.right, border + outward * (height / 4));
     dc.SelectObject(previous);
     pen.DeleteObject();
 }
@@ -253,7 +236,7 @@ long CScintillaWnd::printPass(CDC& dc, bool selectionOnly, bool pageRange, int f
 
         if (counts) {
             dc.StartPage();
-            if (header.present) drawHeader(dc, pass, header, frame);
+            if (header.present) drawPageLine(dc, pass, header, frame, PageEdge::Top);
         }
         Sci_RangeToFormat range{};
         range.hdc = range.hdcTarget = surface;
@@ -265,7 +248,7 @@ long CScintillaWnd::printPass(CDC& dc, bool selectionOnly, bool pageRange, int f
         // page's start stay right.
         const long next = SendEditor(SCI_FORMATRANGE, counts ? TRUE : FALSE, reinterpret_cast<LPARAM>(&range));
         if (counts) {
-            if (footer.present) drawFooter(dc, pass, footer, frame);
+            if (footer.present) drawPageLine(dc, pass, footer, frame, PageEdge::Bottom);
             dc.EndPage();
         }
         if (next <= printed) break;   // the page took no text: more pages would not either

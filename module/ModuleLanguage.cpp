@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "CKTRegistry.h"
+#include "Settings.h"
 #include "CKTUtilTrace.h"
 #include "System.h"
 
@@ -51,7 +52,7 @@ int IsSatelliteThere(const CString& language) {
 int GetMyUserDefinedLanguage(CString& language) {
     CKTMgrSetting setting;
     if (!setting.Create(0)) return 0;
-    language = setting.GetString("DefinedLanguage", kDefaultLanguage);
+    language = settings::DefinedLanguage.Read(setting, kDefaultLanguage);
     if (IsSatelliteThere(language)) return 1;
     // The default language only tells whether the program has translation files at all; the
     // language stays what the setting says.

@@ -80,6 +80,13 @@ HMODULE LoadLibrary(const char* name) {
 
 BOOL FreeLibrary(HMODULE module) { return module && dlclose(module) == 0; }
 
+HMODULE LibraryContaining(const void* address) {
+    Dl_info info{};
+    if (dladdr(address, &info) && info.dli_fname)
+        if (void* handle = dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD)) return handle;
+    return dlopen(nullptr, RTLD_NOW);
+}
+
 CString GetModuleFileName() {
     char path[PATH_MAX + 1];
     ssize_t n = readlink("/proc/self/exe", path, PATH_MAX);

@@ -29,6 +29,9 @@ QUILLBOX_EXPORT LANGID GetSystemDefaultLangID();
 // message in GetLastErrorText.
 QUILLBOX_EXPORT HMODULE LoadLibrary(const char* name);
 QUILLBOX_EXPORT BOOL FreeLibrary(HMODULE module);
+// The loaded library that holds `address`, held open once more (FreeLibrary lets it go); the
+// running program's own handle when no library file holds it.
+QUILLBOX_EXPORT HMODULE LibraryContaining(const void* address);
 
 // The full path of the running program (GetModuleFileName of the process).
 QUILLBOX_EXPORT CString GetModuleFileName();

@@ -9,6 +9,7 @@
 
 #include "CFileDialogEx.h"
 #include "CKTRegistry.h"
+#include "Settings.h"
 #include "BindScanner.h"
 #include "CNamekitMgr.h"
 #include "StatementExtraction.h"
@@ -16,6 +17,7 @@
 #include "PasteFromCode.h"
 #include "CKTUtil.h"
 #include "MessageBox.h"
+#include "MessageHandlers.h"
 #include "CommandIds.h"
 #include "QuillEngine.h"
 
@@ -60,7 +62,7 @@ BOOL CKTSQLEditWnd::IsAcceleratorKey(const MSG* msg) const {
 
 void CKTSQLEditWnd::ApplyOptionOnRealtime() {
     CKTMgrSetting setting(0);
-    if (setting.GetKey()) changeCase = setting.GetInt("Change Case", 0);
+    if (setting.GetKey()) changeCase = settings::ChangeCase.Read(setting);
     CKTScinWnd::ApplyOptionOnRealtime();
 }
 
@@ -72,13 +74,13 @@ void CKTSQLEditWnd::GotoPosition(int position, bool selectWord) {
 void CKTSQLEditWnd::setOption() {
     CKTMgrSetting setting(0);
     CString stored = LangCodeStoredName(scriptLangCode);
-    if (setting.GetKey()) stored = setting.GetString("Editor Default Code", stored);
+    stored = settings::EditorDefaultCode.Read(setting, stored);
     LangCodeFromStoredName(stored, scriptLangCode);  // a text that names no language changes nothing
 }
 
 void CKTSQLEditWnd::saveOption() {
     CKTMgrSetting setting(0);
-    if (setting.GetKey()) setting.SetString("Editor Default Code", LangCodeStoredName(scriptLangCode));
+    settings::EditorDefaultCode.Write(setting, LangCodeStoredName(scriptLangCode));
 }
 
 void CKTSQLEditWnd::setScriptLangCode(EM_LangCode code) {
@@ -446,65 +448,25 @@ bool CKTSQLEditWnd::Save(const char* startFolder) {
 const MessageMap* CKTSQLEditWnd::GetMessageMap() const { return GetThisMessageMap(); }
 
 const MessageMap* CKTSQLEditWnd::GetThisMessageMap() {
+    using W = CKTSQLEditWnd;
     static const std::vector<MessageMapEntry> entries = [] {
         std::vector<MessageMapEntry> list = {
-        {WM_CREATE, 0, [](CWnd* w, WPARAM, LPARAM) -> LRESULT { return static_cast<CKTSQLEditWnd*>(w)->OnCreate(); }},
-        {WM_COMMAND, cmd::Comment,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnEditComment();
-             return 0;
-         }},
-        {WM_COMMAND, cmd::RunStatement,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnRunStatement();
-             return 0;
-         }},
-        {WM_COMMAND, cmd::Uncomment,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnEditUncomment();
-             return 0;
-         }},
-        {kInsertTextMessage, 0,
-         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
-             return static_cast<CKTSQLEditWnd*>(w)->OnInsertText(wParam, lParam);
-         }},
-        {kCompletionAnswer, 0,
-         [](CWnd* w, WPARAM wParam, LPARAM lParam) -> LRESULT {
-             return static_cast<CKTSQLEditWnd*>(w)->OnGetData(wParam, lParam);
-         }},
-        {WM_COMMAND, cmd::MakeCode,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnMakeCode();
-             return 0;
-         }},
-        {WM_UPDATE_COMMAND_UI, cmd::MakeCode,
-         [](CWnd* w, WPARAM, LPARAM ui) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnUpdateMakeCode(reinterpret_cast<CCmdUI*>(ui));
-             return 0;
-         }},
-        {WM_COMMAND, cmd::StripCode,
-         [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnStripCode();
-             return 0;
-         }},
-        {WM_UPDATE_COMMAND_UI, cmd::StripCode,
-         [](CWnd* w, WPARAM, LPARAM ui) -> LRESULT {
-             static_cast<CKTSQLEditWnd*>(w)->OnUpdateStripCode(reinterpret_cast<CCmdUI*>(ui));
-             return 0;
-         }},
+            {WM_CREATE, 0, OnMessage<&W::OnCreate>},
+            {WM_COMMAND, cmd::Comment, OnMessage<&W::OnEditComment>},
+            {WM_COMMAND, cmd::RunStatement, OnMessage<&W::OnRunStatement>},
+            {WM_COMMAND, cmd::Uncomment, OnMessage<&W::OnEditUncomment>},
+            {kInsertTextMessage, 0, OnMessage<&W::OnInsertText>},
+            {kCompletionAnswer, 0, OnMessage<&W::OnGetData>},
+            {WM_COMMAND, cmd::MakeCode, OnMessage<&W::OnMakeCode>},
+            {WM_UPDATE_COMMAND_UI, cmd::MakeCode, OnMessage<&W::OnUpdateMakeCode>},
+            {WM_COMMAND, cmd::StripCode, OnMessage<&W::OnStripCode>},
+            {WM_UPDATE_COMMAND_UI, cmd::StripCode, OnMessage<&W::OnUpdateStripCode>},
         };
         // Both menus' language entries choose the same language.
         for (const CodeLanguage& language : CodeLanguages())
             for (UINT id : {language.copyMenuId, language.pasteMenuId}) {
-                list.push_back({WM_COMMAND, id, [](CWnd* w, WPARAM wParam, LPARAM) -> LRESULT {
-                                    static_cast<CKTSQLEditWnd*>(w)->OnCopyTo(LOWORD(wParam));
-                                    return 0;
-                                }});
-                list.push_back({WM_UPDATE_COMMAND_UI, id, [](CWnd* w, WPARAM wParam, LPARAM ui) -> LRESULT {
-                                    static_cast<CKTSQLEditWnd*>(w)->OnUpdateCopyTo(UINT(wParam),
-                                                                                   reinterpret_cast<CCmdUI*>(ui));
-                                    return 0;
-                                }});
+                list.push_back({WM_COMMAND, id, OnMessage<&W::OnCopyTo>});
+                list.push_back({WM_UPDATE_COMMAND_UI, id, OnMessage<&W::OnUpdateCopyTo>});
             }
         return list;
     }();

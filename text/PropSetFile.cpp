@@ -1,7 +1,5 @@
 #include "PropSetFile.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -16,6 +14,7 @@
 #include <vector>
 
 #include "CKTUtilTrace.h"
+#include "Files.h"
 
 namespace {
 
@@ -203,12 +202,12 @@ bool PropSetFile::OpenSource(ReadRun& current, const FilePath& filename, const F
         return false;
     // Only regular files: a directory reads as nothing and a pipe or device could block or
     // never end.
-    struct stat info {};
-    if (fstat(fileno(file.get()), &info) != 0 || !S_ISREG(info.st_mode))
+    FileStatus info;
+    if (!StatusOf(file.get(), info) || !info.regular)
         return false;
     // A file that is already being read, further out on the chain of imports, would import
     // itself again without end.
-    const FileIdentity identity{std::uint64_t(info.st_dev), std::uint64_t(info.st_ino)};
+    const FileIdentity identity{info.device, info.inode};
     if (current.onChain.count(identity))
         return false;
     if (current.filesRead >= maxFilesPerRead) {
@@ -223,7 +222,7 @@ bool PropSetFile::OpenSource(ReadRun& current, const FilePath& filename, const F
         Source source;
         source.file = identity;
         source.listed = listed;
-        const std::size_t expected = std::size_t(std::clamp<off_t>(info.st_size, 0, maxFileBytes));
+        const std::size_t expected = std::size_t(std::min<std::uint64_t>(info.size, std::uint64_t(maxFileBytes)));
         source.bytes.reserve(expected);
         char chunk[4096];
         while (source.bytes.size() < std::size_t(maxFileBytes)) {

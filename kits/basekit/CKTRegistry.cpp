@@ -1,4 +1,5 @@
 #include "CKTRegistry.h"
+#include "Settings.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -125,7 +126,7 @@ HKEY CKTMgrSetting::Create(int) { return Open(HKEY_CURRENT_USER, SettingsKeyPath
 const char* CKTMgrSetting::SettingsKeyPath() { return "Software\\Quillbox\\Settings"; }
 
 CString CKTMgrSetting::GetGlobalFontName() {
-    CString name = CKTMgrSetting(0).GetString("Global Font Name", CString());
+    CString name = settings::GlobalFontName.Read(CKTMgrSetting(0), CString());
     if (!name.IsEmpty()) return name;
     // The font database needs a GUI application.
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return kFallbackFont;
@@ -137,6 +138,5 @@ CString CKTMgrSetting::GetGlobalFontName() {
 }
 
 int CKTMgrSetting::GetGlobalFontHeight() {
-    const int height = CKTMgrSetting(0).GetInt("Global Font Height", 10);
-    return height > 0 ? height : 10;  // a height of 0 or less draws no text
+    return settings::GlobalFontHeight.Read(CKTMgrSetting(0));
 }

@@ -4,7 +4,6 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <signal.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unicode/ucnv.h>
 #include <unicode/ucsdet.h>
@@ -26,6 +25,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Files.h"
 #include "System.h"
 
 namespace {
@@ -336,9 +336,9 @@ template <typename Consume>
 bool ScanFile(int fd, Consume&& consume, size_t skip = 0, bool raw = false) {
     // Pieces of 4 MiB, or less for a smaller file; the size only guides, the end is where
     // reading stops.
-    struct stat info {};
+    FileStatus info;
     const size_t kPiece = std::clamp<size_t>(
-        fstat(fd, &info) == 0 && info.st_size > 0 ? size_t(info.st_size) + 1 : 0,
+        StatusOf(fd, info) && info.size > 0 ? size_t(info.size) + 1 : 0,
         size_t(64) << 10, size_t(4) << 20);
     std::unique_ptr<char[]> buffer(new char[kPiece + 4]);
     size_t carried = 0, offset = skip;
@@ -509,9 +509,8 @@ void RemoveStaleTemps(int dirFd, const std::string& targetName) {
     for (const std::string& name : stale) {
         const int fd = openat(dirFd, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
         if (fd < 0) continue;
-        struct stat info {};
-        if (fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && flock(fd, LOCK_EX | LOCK_NB) == 0)
-            unlinkat(dirFd, name.c_str(), 0);
+        FileStatus info;
+        if (StatusOf(fd, info) && info.regular && TryLockExclusive(fd)) RemoveFileAt(dirFd, name.c_str());
         ::close(fd);
     }
 }
@@ -633,9 +632,9 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
         FailSystem(errno, TEXTFILEERROR_READ_FAILED, "cannot be opened");
         return;
     }
-    struct stat info {};
-    if (fstat(fd_, &info) != 0 || !S_ISREG(info.st_mode)) {
-        Fail(TEXTFILEERROR_NOT_A_FILE, S_ISDIR(info.st_mode) ? EISDIR : EINVAL,
+    FileStatus info;
+    if (!StatusOf(fd_, info) || !info.regular) {
+        Fail(TEXTFILEERROR_NOT_A_FILE, info.directory ? EISDIR : EINVAL,
              Text("'%s' is not a file", path_.c_str()));
         CloseFile();
         return;
@@ -935,7 +934,7 @@ struct CKTTextFileWrite::Impl {
     void Discard() {
         if (fd >= 0) ::close(fd);
         fd = -1;
-        if (!tempName.empty()) unlinkat(dirFd, tempName.c_str(), 0);
+        if (!tempName.empty()) RemoveFileAt(dirFd, tempName.c_str());
         tempName.clear();
         if (dirFd >= 0) ::close(dirFd);
         dirFd = -1;
@@ -1015,10 +1014,10 @@ bool CKTTextFileWrite::OpenTemp() {
     if (impl_->dirFd < 0)
         return FailSystem(errno, TEXTFILEERROR_WRITE_FAILED, "has no usable folder");
     const char* name = impl_->targetName.c_str();
-    struct stat info {};
-    if (fstatat(impl_->dirFd, name, &info, 0) == 0) {
-        if (!S_ISREG(info.st_mode))
-            return Abandon(TEXTFILEERROR_NOT_A_FILE, S_ISDIR(info.st_mode) ? EISDIR : EINVAL,
+    FileStatus info;
+    if (StatusAt(impl_->dirFd, name, info)) {
+        if (!info.regular)
+            return Abandon(TEXTFILEERROR_NOT_A_FILE, info.directory ? EISDIR : EINVAL,
                            Text("'%s' is not a file", path_.c_str()));
         if (faccessat(impl_->dirFd, name, W_OK, AT_EACCESS) != 0)
             return AbandonSystem(errno, "cannot be written");
@@ -1030,7 +1029,7 @@ bool CKTTextFileWrite::OpenTemp() {
     // An unnamed temporary file vanishes by itself on any failure; it needs /proc to be given
     // a name later. File systems without them get a named file, removed on failure.
     if (g_allowUnnamedTemp.load() && access("/proc/self/fd", X_OK) == 0) {
-        impl_->fd = openat(impl_->dirFd, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+        impl_->fd = OpenUnnamedFile(impl_->dirFd);
         if (impl_->fd < 0 && errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
             return AbandonSystem(errno, "cannot be written");
     }
@@ -1046,7 +1045,7 @@ bool CKTTextFileWrite::OpenTemp() {
     }
     if (impl_->fd < 0) return AbandonSystem(EEXIST, "has no free temporary file name");
     // The lock tells a later save or load that this file belongs to a save still running.
-    flock(impl_->fd, LOCK_EX | LOCK_NB);
+    TryLockExclusive(impl_->fd);
     return true;
 }
 
@@ -1174,23 +1173,20 @@ bool CKTTextFileWrite::Close() {
         return AbandonSystem(errno, "could not be synced to disk");
 
     // The new file takes the old one's permissions, or those of a newly created file.
-    struct stat old {}, mine {};
-    if (fstatat(d.dirFd, d.targetName.c_str(), &old, 0) == 0 && S_ISREG(old.st_mode)) {
-        if (fstat(d.fd, &mine) == 0 && (mine.st_uid != old.st_uid || mine.st_gid != old.st_gid) &&
-            fchown(d.fd, old.st_uid, old.st_gid) != 0) {
+    FileStatus old, mine;
+    if (StatusAt(d.dirFd, d.targetName.c_str(), old) && old.regular) {
+        if (StatusOf(d.fd, mine) && (mine.owner != old.owner || mine.group != old.group) &&
+            fchown(d.fd, old.owner, old.group) != 0) {
             // Only the owner's own groups or root may hand a file over; the saver keeps it.
         }
-        fchmod(d.fd, old.st_mode & 07777);
+        fchmod(d.fd, old.mode);
     } else {
         fchmod(d.fd, 0666 & ~CurrentUmask());
     }
 
     for (int attempt = 0; d.tempName.empty() && attempt < 100; ++attempt) {
         std::string temp = TempName(d.targetName);
-        char self[64];
-        std::snprintf(self, sizeof self, "/proc/self/fd/%d", d.fd);
-        if (!Injected(TEXTFILEFAULT_LINK) &&
-            linkat(AT_FDCWD, self, d.dirFd, temp.c_str(), AT_SYMLINK_FOLLOW) == 0)
+        if (!Injected(TEXTFILEFAULT_LINK) && NameUnnamedFile(d.fd, d.dirFd, temp.c_str()))
             d.tempName = std::move(temp);
         else if (errno != EEXIST)
             return AbandonSystem(errno, "could not be saved: its temporary file got no name");

@@ -7,6 +7,7 @@
 #include <mutex>
 
 #include "CKTRegistry.h"
+#include "Settings.h"
 
 int CKTUtilTrace::GetDebugLogLevel() {
     if (const char* level = std::getenv("QUILLBOX_LOG_LEVEL")) {
@@ -15,7 +16,7 @@ int CKTUtilTrace::GetDebugLogLevel() {
         if (end != level) return int(v);
     }
     CKTMgrSetting setting(0);
-    return setting.GetInt("Debug Log Level", 0);
+    return settings::DebugLogLevel.Read(setting);
 }
 
 CString CKTUtilTrace::GetLogFilePath() {
