@@ -6,6 +6,8 @@
 //   quillbox uncode --lang LANGUAGE FILE print the SQL that pasting FILE's code would give
 //   quillbox binds FILE                 list each bind variable with its line and column
 //   quillbox print FILE -o OUT.pdf      print the script, with header and footer, to a PDF file
+//   quillbox format [--align 0|1] [--comma 0|1] [--case 0..3] [--multiline 0|1] FILE
+//                                       write the script laid out by Format SQL to standard output
 // The batch commands run a hidden SQL edit window and use its own commands.
 // With no display the program runs on the offscreen platform, says so, and writes a picture
 // of the window instead of showing it.
@@ -20,15 +22,20 @@
 #include <QPixmap>
 #include <QTranslator>
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
+#include <fstream>
+#include <iterator>
+
 #include "BindScanner.h"
 #include "CDC.h"
 #include "CKTSQLEditWnd.h"
 #include "CKTTextFile.h"
+#include "CSQLFormatter.h"
 #include "SqliteNamekitMgr.h"
 
 namespace {
@@ -40,6 +47,7 @@ int usage() {
                  "       quillbox uncode --lang LANGUAGE FILE\n"
                  "       quillbox binds FILE\n"
                  "       quillbox print FILE -o OUT.pdf\n"
+                 "       quillbox format [--align 0|1] [--comma 0|1] [--case 0..3] [--multiline 0|1] FILE\n"
                  "LANGUAGE is one of:");
     for (const CodeLanguage& language : CodeLanguages()) std::fprintf(stderr, " \"%s\"", language.storedName);
     std::fprintf(stderr, "\n");
@@ -129,6 +137,51 @@ int runPrint(const char* file, const char* pdf) {
     return 0;
 }
 
+// The keyword tests Format SQL hands the formatter.
+class FormatKeywords : public CKTScinWnd {
+public:
+    using CKTScinWnd::isSQLKeyword;
+    using CKTScinWnd::isSQLKeyword2;
+};
+
+// Formats FILE as the editor's Format SQL does, the options at their settings' defaults unless
+// given, and writes the result to standard output. The bytes go through unchanged in encoding.
+int runFormat(int argc, char** argv) {
+    bool align = true, comma = false, multiline = false;
+    int keywordCase = 0;
+    const char* file = nullptr;
+    for (int i = 2; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg.rfind("--", 0) != 0) {
+            if (file) return usage();
+            file = argv[i];
+            continue;
+        }
+        if (i + 1 >= argc) return usage();
+        char* end = nullptr;
+        const long value = std::strtol(argv[++i], &end, 10);
+        if (!end || *end != '\0' || end == argv[i]) return usage();
+        if (arg == "--align" && (value == 0 || value == 1)) align = value == 1;
+        else if (arg == "--comma" && (value == 0 || value == 1)) comma = value == 1;
+        else if (arg == "--multiline" && (value == 0 || value == 1)) multiline = value == 1;
+        else if (arg == "--case" && value >= 0 && value <= 3) keywordCase = int(value);
+        else return usage();
+    }
+    if (!file) return usage();
+    std::ifstream in(file, std::ios::binary);
+    if (!in) {
+        std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, std::strerror(errno));
+        return 1;
+    }
+    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    CSQLFormatter formatter;
+    formatter.isKeywordFunc = &FormatKeywords::isSQLKeyword;
+    formatter.isListKeywordFunc = &FormatKeywords::isSQLKeyword2;
+    const CString out = formatter.Format(CString(text), align, comma, keywordCase, multiline, true, 80);
+    std::fwrite(out.view().data(), 1, out.view().size(), stdout);
+    return std::fflush(stdout) == 0 ? 0 : 1;
+}
+
 bool hasDisplay() {
     const char* platform = std::getenv("QT_QPA_PLATFORM");
     if (platform && *platform) return true;  // the user chose a platform
@@ -206,6 +259,7 @@ bool savePicture(QWidget& window, const char* out) {
 int main(int argc, char** argv) {
     if (argc < 3) return usage();
     const std::string command = argv[1];
+    if (command == "format") return runFormat(argc, argv);
     if (command == "code" || command == "uncode" || command == "binds" || command == "print") {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);  // batch commands show nothing
         QApplication app(argc, argv);
