@@ -85,6 +85,7 @@ struct Frame {
     bool columns = false;
     int alignCol = 0;      // where column types start; 0: one space after the name
     int itemPos = 0;       // tokens of the current item placed so far
+    std::size_t itemLine = 0;  // the line the current list item started on
     bool itemNamed = false;  // the current item is "name type ...", not a constraint
 };
 
@@ -224,6 +225,10 @@ private:
     // ---- output -----------------------------------------------------------------------------
 
     Frame& top() { return frames_.back(); }
+    void resetFrames(int base) {
+        frames_.assign(1, rootFrame(base));
+        cases_.clear();
+    }
     Frame rootFrame(int base) const {
         Frame f;
         f.base = f.closeCol = base;
@@ -280,7 +285,19 @@ private:
         placeText(t, render(t), space, wrapCol, mayWrap);
     }
 
+    // Whether the current line holds nothing but a "/" operator. A line ending there would
+    // read as the client's "run the buffer" command, so it never ends there.
+    bool loneSlashLine() const {
+        return prev_ && prev_->kind == Kind::Operator && prev_->text == "/" && lineHasContent_ && col_ == lineIndent_ + 1;
+    }
+
     void placeText(const Token& t, const std::string& text, bool space, int wrapCol, bool mayWrap = true) {
+        if (loneSlashLine()) {
+            pendingBreak_ = -1;
+            mustBreak_ = false;
+            mayWrap = false;
+            space = true;
+        }
         if (pendingBreak_ >= 0 || mustBreak_) {
             startLine(pendingBreak_ >= 0 ? pendingBreak_ : wrapCol, t.blankBefore && !out_.empty());
             pendingBreak_ = -1;
@@ -331,6 +348,8 @@ private:
             return false;
         if (t.joined && ((t.kind == Kind::Word && t.text[0] == '%') || isChar(t, '[') || isChar(p, '[') || isChar(t, ']')))
             return false;
+        // DEFINE*x must not become "DEFINE *x", which a client reads as its own command.
+        if (t.joined && p.kind == Kind::Word && isClientWord(p.text)) return false;
         if (prevUnary_ && (t.kind == Kind::Number || t.kind == Kind::Word || t.kind == Kind::Bind ||
                            t.kind == Kind::QuotedIdent || t.kind == Kind::OpenParen))
             return false;
@@ -442,7 +461,9 @@ private:
             }
             return;
         }
-        const bool inline_ = frames_.size() == 1 && !f.headSeen && i != stmt_.first;
+        // CREATE VIEW v AS SELECT: the query starts a line of its own like a statement.
+        const bool ddl = stmt_.kind == StatementKind::View || stmt_.kind == StatementKind::Table;
+        const bool inline_ = frames_.size() == 1 && !f.headSeen && i != stmt_.first && !ddl;
         if (inline_) {
             // The query starts inside a statement: its clauses line up under its first word.
             if (o_.align) {
@@ -464,10 +485,36 @@ private:
             requestBreak(f.contentCol);
         }
         f.commaCol = std::max(f.base, f.contentCol - 2);
+        f.itemLine = lines_ + (pendingBreak_ >= 0 ? 1 : 0);
         f.clause = h.clause;
         f.headSeen = true;
         f.between = false;
     }
+
+    // ---- CASE expressions -------------------------------------------------------------------
+
+    // A CASE expression that does not fit on its line puts each WHEN and ELSE on a line of
+    // its own under the first, and END under CASE.
+    void openCase(std::size_t i) {
+        const Token& t = tokens_[i];
+        const bool space = spaceBefore(t);
+        int width = 0, depth = 0;
+        for (std::size_t k = i; k < tokens_.size() && width <= width_; ++k) {
+            const Token& x = tokens_[k];
+            if (x.kind == Kind::Semicolon || x.kind == Kind::Client || x.kind == Kind::LineComment) {
+                width = width_ + 1;
+                break;
+            }
+            width += firstLineWidth(x.text) + 1;
+            if (is(x, "CASE")) ++depth;
+            else if (is(x, "END") && --depth == 0) break;
+        }
+        place(t, space, top().contentCol);
+        const int col = col_ - firstLineWidth(t.text);
+        cases_.push_back({frames_.size(), width_ > 0 && col + width - 1 > width_ ? col : -1});
+    }
+
+    bool caseBreaks() const { return !cases_.empty() && cases_.back().frame == frames_.size() && cases_.back().col >= 0; }
 
     // ---- parentheses, commas, statement ends -------------------------------------------------
 
@@ -573,6 +620,7 @@ private:
         if (frames_.size() > 1) {
             const Frame f = top();
             frames_.pop_back();
+            while (!cases_.empty() && cases_.back().frame > frames_.size()) cases_.pop_back();
             if ((f.sub && !o_.align) || f.columns) requestBreak(f.closeCol);
             place(t, false, f.closeCol);
         } else {
@@ -605,9 +653,11 @@ private:
             }
             return;
         }
-        // Lines wrap between items where an item fits on a line, rather than inside one.
+        // Lines wrap between items where an item fits on a line, rather than inside one, and
+        // after an item that took several lines.
         const bool wrap = width_ > 0 && pendingBreak_ < 0 && !mustBreak_ && col_ > clampIndent(f.commaCol) &&
-                          col_ + 2 + itemWidth(i + 1) > width_;
+                          (col_ + 2 + itemWidth(i + 1) > width_ || lines_ != f.itemLine);
+        f.itemLine = lines_ + (wrap ? 1 : 0);
         if (wrap && o_.commaFirst) requestBreak(f.commaCol);
         place(t, false, f.contentCol);
         if (wrap && !o_.commaFirst) requestBreak(f.contentCol);
@@ -636,6 +686,7 @@ private:
     void semicolon(const Token& t) {
         const bool delimiter = t.text != ";";
         frames_.resize(1);
+        cases_.clear();
         place(t, delimiter && spaceBefore(t), 0);
         if (delimiter) blocks_.clear();
         beginNextStatement();
@@ -643,13 +694,13 @@ private:
 
     void beginNextStatement() {
         stmt_ = Statement{};
-        frames_.assign(1, rootFrame(bodyIndent()));
+        resetFrames(bodyIndent());
         requestBreak(bodyIndent());
     }
 
     void comment(std::size_t i) {
         const Token& t = tokens_[i];
-        if (!t.ownLine && lineHasContent_) {
+        if ((!t.ownLine && lineHasContent_) || loneSlashLine()) {
             // A comment behind code stays behind it, before any break that is owed.
             out_ += ' ';
             ++col_;
@@ -671,7 +722,8 @@ private:
     // A line for the client stays whole at the start of a line of its own. "/" and GO run
     // what came before, so no block stays open across them.
     void client(const Token& t) {
-        if (!out_.empty()) startLine(0, t.blankBefore);
+        if (loneSlashLine()) out_ += ' ';
+        else if (!out_.empty()) startLine(0, t.blankBefore);
         append(t.text);
         mustBreak_ = true;
         pendingBreak_ = -1;
@@ -682,7 +734,7 @@ private:
         const std::string_view word = t.text.substr(0, k);
         if (t.text == "/" || equalsUpper(word, "GO") || equalsUpper(word, "DELIMITER")) blocks_.clear();
         stmt_ = Statement{};
-        frames_.assign(1, rootFrame(bodyIndent()));
+        resetFrames(bodyIndent());
     }
 
     // ---- procedural blocks ------------------------------------------------------------------
@@ -748,7 +800,7 @@ private:
 
     // Puts a block word on a line of its own start at `indent`.
     void placeBlockWord(std::size_t i, int indent) {
-        frames_.assign(1, rootFrame(indent));
+        resetFrames(indent);
         requestBreak(indent);
         place(tokens_[i], false, indent + kIndentStep);
         stmt_.first = i;
@@ -759,7 +811,7 @@ private:
     // Starts the body of a block: the next token starts a statement.
     void openBody() {
         stmt_ = Statement{};
-        frames_.assign(1, rootFrame(bodyIndent()));
+        resetFrames(bodyIndent());
         requestBreak(bodyIndent());
     }
 
@@ -767,6 +819,7 @@ private:
     // stands at the header's indent.
     void placeHeaderEnd(std::size_t i) {
         frames_.resize(1);
+        cases_.clear();
         if (lines_ != stmt_.firstLine) requestBreak(stmt_.indent);
         place(tokens_[i], true, stmt_.indent);
     }
@@ -906,7 +959,7 @@ private:
         stmt_.firstLine = lines_ + (lineHasContent_ ? 1 : 0);  // the break owed before it
         stmt_.kind = classify(i);
         stmt_.sqlBody = (stmt_.kind == StatementKind::Routine || wordAt(i, "DO")) && hasSqlBody(i);
-        frames_.assign(1, rootFrame(stmt_.indent));
+        resetFrames(stmt_.indent);
         requestBreak(stmt_.indent);
     }
 
@@ -931,6 +984,15 @@ private:
             placeBlockWord(i, blocks_.back().indent + kIndentStep);  // CASE x WHEN ...
             stmt_.await = Await::Then;
             return i;
+        }
+        if (stmt_.kind == StatementKind::Routine && wordAt(stmt_.first, "CREATE")) {
+            // CREATE FUNCTION f(...) / RETURNS ... / AS 'file' / LANGUAGE ...: each on a line,
+            // but "RETURNS int AS $$" and "$$ LANGUAGE plpgsql" stay together.
+            const std::size_t k = nextSignificant(i + 1);
+            const bool quotedBody = k < tokens_.size() && tokens_[k].kind == Kind::String && tokens_[k].text[0] != '$';
+            const bool afterBody = prev_ && prev_->kind == Kind::String && prev_->text[0] == '$';
+            if (is(t, "RETURNS") || (is(t, "LANGUAGE") && !afterBody) || (is(t, "AS") && quotedBody))
+                requestBreak(stmt_.indent);
         }
         if (stmt_.kind == StatementKind::Routine && (is(t, "IS") || is(t, "AS"))) {
             const std::size_t k = nextSignificant(i + 1);
@@ -1028,10 +1090,21 @@ private:
                         return i + std::size_t(h.words) - 1;
                     }
                 }
-                if (is(t, "BETWEEN")) f.between = true;
-                else if (is(t, "AND")) f.between = false;
-                else if (is(t, "CASE")) ++f.caseDepth;
-                else if (is(t, "END") && f.caseDepth > 0) --f.caseDepth;
+                if (is(t, "BETWEEN")) {
+                    f.between = true;
+                } else if (is(t, "AND")) {
+                    f.between = false;
+                } else if (is(t, "CASE")) {
+                    ++f.caseDepth;
+                    openCase(i);
+                    break;
+                } else if ((is(t, "WHEN") || is(t, "ELSE")) && caseBreaks() && !(prev_ && is(*prev_, "CASE"))) {
+                    requestBreak(cases_.back().col + 5);
+                } else if (is(t, "END") && f.caseDepth > 0) {
+                    --f.caseDepth;
+                    if (caseBreaks()) requestBreak(cases_.back().col);
+                    if (!cases_.empty() && cases_.back().frame == frames_.size()) cases_.pop_back();
+                }
                 place(t, spaceBefore(t), f.contentCol);
                 break;
             }
@@ -1064,6 +1137,11 @@ private:
     std::unordered_map<std::string, unsigned> classes_;
     std::vector<Frame> frames_;
     std::vector<Block> blocks_;
+    struct OpenCase {
+        std::size_t frame;  // the depth of the frame it stands in
+        int col;            // where CASE stands when it takes several lines, else -1
+    };
+    std::vector<OpenCase> cases_;
     Statement stmt_;
     std::string out_;
     int col_ = 0;

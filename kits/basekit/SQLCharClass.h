@@ -19,4 +19,10 @@ inline bool equalsUpper(std::string_view s, std::string_view upperWord) {
         if (toUpper(s[k]) != upperWord[k]) return false;
     return true;
 }
+// Words that start a line for the client when they start a statement and a blank follows.
+inline bool isClientWord(std::string_view s) {
+    for (std::string_view w : {"PROMPT", "REM", "REMARK", "SPOOL", "WHENEVER", "DEFINE", "UNDEFINE", "DELIMITER", "ACCEPT", "PAUSE"})
+        if (equalsUpper(s, w)) return true;
+    return false;
+}
 }  // namespace sqlchar

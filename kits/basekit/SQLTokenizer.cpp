@@ -130,10 +130,6 @@ constexpr std::string_view kClientSettings[] = {
     "TAB",          "WRAP",      "SQLPROMPT", "SQLTERMINATOR", "CONCAT", "NUMWIDTH", "UNDERLINE",
 };
 
-// Words that start a client command when they start a statement.
-constexpr std::string_view kClientWords[] = {"PROMPT", "REM",   "REMARK",    "SPOOL", "WHENEVER",
-                                             "DEFINE", "UNDEFINE", "DELIMITER", "ACCEPT", "PAUSE"};
-
 struct Word {
     std::string_view text;
     std::size_t end;
@@ -166,8 +162,7 @@ bool clientCommandAt(std::string_view text, std::size_t i) {
     if (!isWordStart(c)) return false;
     const Word w = wordAt(text, i);
     if (w.end < text.size() && !isBlank(static_cast<unsigned char>(text[w.end]))) return false;
-    for (std::string_view word : kClientWords)
-        if (equalsUpper(w.text, word)) return true;
+    if (isClientWord(w.text)) return true;
     if (equalsUpper(w.text, "GO")) {  // the batch separator: GO alone, or GO 5
         std::size_t k = skipSpaces(text, w.end);
         while (k < text.size() && isDigit(static_cast<unsigned char>(text[k]))) ++k;
@@ -236,7 +231,7 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
         } else if (!delimiter.empty() && text.substr(i, delimiter.size()) == delimiter) {
             kind = Kind::Semicolon;
             i += delimiter.size();
-        } else if ((c == '-' && at(i + 1) == '-') || (c == '#' && (isBlank(at(i + 1)) || at(i + 1) == 0 || at(i + 1) == '#'))) {
+        } else if ((c == '-' && at(i + 1) == '-') || (c == '#' && (i + 1 >= n || isBlank(at(i + 1)) || at(i + 1) == '#'))) {
             // "-- ..." and MySQL's "# ...": to the end of the line.
             kind = Kind::LineComment;
             i = trimEnd(text, start, lineEnd(text, i));

@@ -45,7 +45,7 @@ public:
             } else if (!delimiter_.empty() && s_.substr(i_, delimiter_.size()) == delimiter_) {
                 i_ += delimiter_.size();
                 ends = true;
-            } else if ((c == '-' && at(i_ + 1) == '-') || (c == '#' && (space(at(i_ + 1)) || at(i_ + 1) == '#' || !at(i_ + 1)))) {
+            } else if ((c == '-' && at(i_ + 1) == '-') || (c == '#' && (space(at(i_ + 1)) || at(i_ + 1) == '#' || i_ + 1 >= s_.size()))) {
                 toLineEnd();
                 comment = true;
             } else if (c == '/' && at(i_ + 1) == '*') {
@@ -182,7 +182,7 @@ private:
         if (at(i_) != '/' || !lineStart) return false;
         std::size_t k = i_ + 1;
         while (at(k) == ' ' || at(k) == '\t') ++k;
-        return !at(k) || at(k) == '\n' || at(k) == '\r';
+        return k >= s_.size() || at(k) == '\n' || at(k) == '\r';
     }
     // @script and the client's own commands at the start of a statement.
     bool clientLine() const {
