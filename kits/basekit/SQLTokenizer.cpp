@@ -253,9 +253,9 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
             terminated = close != std::string_view::npos;
             i = terminated ? close + tag.size() : n;
         } else if (c == '$' && isDigit(at(i + 1))) {
-            kind = Kind::Bind;  // $1
+            kind = Kind::Bind;  // $1 (and whatever touches it, which is never split off)
             ++i;
-            while (i < n && isDigit(at(i))) ++i;
+            while (i < n && isWordByte(at(i))) ++i;
         } else if (isDigit(c) || (c == '.' && isDigit(at(i + 1)))) {
             kind = Kind::Number;
             scanNumber(text, i);
