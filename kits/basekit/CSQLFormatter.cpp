@@ -708,7 +708,8 @@ private:
         } else {
             // A comment on a line of its own keeps that line, indented like the code after it.
             int indent = pendingBreak_ >= 0 ? pendingBreak_ : top().contentCol;
-            if (stmt_.start) indent = upcomingIndent(nextSignificant(i + 1));
+            if (codeAfter_ <= i) codeAfter_ = nextSignificant(i + 1);  // once for a run of comments
+            if (stmt_.start) indent = upcomingIndent(codeAfter_);
             if (out_.empty()) startLine(indent, false);
             else startLine(indent, t.blankBefore);
             append(t.text);
@@ -762,9 +763,18 @@ private:
     // PL/pgSQL) rather than declaring one variable inside a block (MySQL). Looks at the
     // statements after it: declarations until a BEGIN make a section.
     bool opensSection(std::size_t i) {
+        // Every DECLARE before the statement that decided for one DECLARE gets its answer.
+        if (i < section_.decidedAt) return section_.opens;
+        section_.opens = scanSection(i, section_.decidedAt);
+        return section_.opens;
+    }
+
+    bool scanSection(std::size_t i, std::size_t& decidedAt) {
         const std::size_t limit = std::min(tokens_.size(), i + 4000);
         bool statementStart = false;
+        decidedAt = limit;
         for (std::size_t k = i + 1; k < limit; ++k) {
+            decidedAt = k;
             const Token& t = tokens_[k];
             if (t.kind == Kind::LineComment || t.kind == Kind::BlockComment) continue;
             if (t.kind == Kind::Client) return false;
@@ -1142,6 +1152,11 @@ private:
         int col;            // where CASE stands when it takes several lines, else -1
     };
     std::vector<OpenCase> cases_;
+    struct {
+        std::size_t decidedAt = 0;  // the token that decided the last DECLARE
+        bool opens = false;
+    } section_;
+    std::size_t codeAfter_ = 0;  // the first code token after the current run of comments
     Statement stmt_;
     std::string out_;
     int col_ = 0;

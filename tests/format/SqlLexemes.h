@@ -191,8 +191,27 @@ private:
         while (word(at(e))) ++e;
         if (e < s_.size() && !space(at(e))) return false;
         const std::string w = upper(s_.substr(i_, e - i_));
-        for (const char* command : {"PROMPT", "REM", "REMARK", "SPOOL", "WHENEVER", "DEFINE", "DELIMITER"})
+        for (const char* command : {"PROMPT", "REM", "REMARK", "SPOOL", "WHENEVER", "DEFINE", "UNDEFINE", "DELIMITER",
+                                    "ACCEPT", "PAUSE"})
             if (w == command) return true;
+        std::size_t k = e;
+        while (at(k) == ' ' || at(k) == '\t') ++k;
+        std::size_t next = k;
+        while (word(at(next))) ++next;
+        const std::string second = upper(s_.substr(k, next - k));
+        if (w == "GO") {  // GO, GO 5
+            while (digit(at(k))) ++k;
+            while (at(k) == ' ' || at(k) == '\t') ++k;
+            return k >= s_.size() || at(k) == '\n' || at(k) == '\r';
+        }
+        if (w == "SHOW" || w == "SHO") return second == "ERRORS" || second == "ERR";
+        if (w != "SET") return false;
+        for (const char* setting :
+             {"SERVEROUTPUT", "SERVEROUT", "DEFINE", "ECHO", "FEEDBACK", "FEED", "HEADING", "HEAD", "LINESIZE", "LINES",
+              "PAGESIZE", "PAGES", "VERIFY", "VER", "TERMOUT", "TERM", "TIMING", "TIMI", "SQLBLANKLINES", "SQLBL",
+              "TRIMSPOOL", "TRIMS", "TRIMOUT", "TRIMO", "LONG", "ARRAYSIZE", "AUTOCOMMIT", "AUTO", "SCAN", "COLSEP",
+              "NEWPAGE", "ESCAPE", "TAB", "WRAP", "SQLPROMPT", "SQLTERMINATOR", "CONCAT", "NUMWIDTH", "UNDERLINE"})
+            if (second == setting) return true;
         return false;
     }
 
