@@ -292,11 +292,12 @@ private:
     }
 
     void placeText(const Token& t, const std::string& text, bool space, int wrapCol, bool mayWrap = true) {
-        if (loneSlashLine()) {
+        const bool touch = mustTouch();
+        if (loneSlashLine() || touch) {
             pendingBreak_ = -1;
             mustBreak_ = false;
             mayWrap = false;
-            space = true;
+            space = !touch;
         }
         if (pendingBreak_ >= 0 || mustBreak_) {
             startLine(pendingBreak_ >= 0 ? pendingBreak_ : wrapCol, t.blankBefore && !out_.empty());
@@ -341,7 +342,9 @@ private:
         const Token& p = *prev_;
         if (p.kind == Kind::OpenParen) return false;
         if (t.kind == Kind::CloseParen || t.kind == Kind::Comma || (t.kind == Kind::Semicolon && t.text == ";")) return false;
-        if (isCast(t) || isCast(p) || isRange(t) || isRange(p)) return false;
+        // :: and .. touch their neighbours, unless the two would read as one operator.
+        if ((isCast(t) || isRange(t)) && mayTouchOperator(p, false)) return false;
+        if ((isCast(p) || isRange(p)) && mayTouchOperator(t, true)) return false;
         if (t.kind == Kind::Dot && (p.kind == Kind::Word || p.kind == Kind::QuotedIdent || p.kind == Kind::Bind || p.kind == Kind::CloseParen))
             return false;
         if (p.kind == Kind::Dot && (t.kind == Kind::Word || t.kind == Kind::QuotedIdent || (t.kind == Kind::Operator && t.text == "*")))
@@ -350,11 +353,24 @@ private:
             return false;
         // DEFINE*x must not become "DEFINE *x", which a client reads as its own command.
         if (t.joined && p.kind == Kind::Word && isClientWord(p.text)) return false;
-        if (prevUnary_ && (t.kind == Kind::Number || t.kind == Kind::Word || t.kind == Kind::Bind ||
-                           t.kind == Kind::QuotedIdent || t.kind == Kind::OpenParen))
+        if (prevUnary_ && mayTouchOperator(t, true) &&
+            (t.kind == Kind::Number || t.kind == Kind::Word || t.kind == Kind::Bind || t.kind == Kind::QuotedIdent ||
+             t.kind == Kind::OpenParen))
             return false;
         return true;
     }
+
+    // Whether a token can stand right after (or before) an operator without the two reading
+    // as one.
+    static bool mayTouchOperator(const Token& t, bool after) {
+        if (t.text.empty() || t.kind == Kind::Operator || t.kind == Kind::LineComment || t.kind == Kind::BlockComment ||
+            t.kind == Kind::Client || t.kind == Kind::Semicolon)
+            return false;
+        return !isOperatorByte(static_cast<unsigned char>(after ? t.text.front() : t.text.back()));
+    }
+
+    // After a lone '#' nothing may put a blank: "# x" reads as a MySQL comment.
+    bool mustTouch() const { return prev_ && prev_->kind == Kind::Operator && prev_->text == "#"; }
 
     bool isUnarySign(const Token& t) {
         if (t.kind != Kind::Operator || (t.text != "-" && t.text != "+")) return false;
@@ -700,10 +716,12 @@ private:
 
     void comment(std::size_t i) {
         const Token& t = tokens_[i];
-        if ((!t.ownLine && lineHasContent_) || loneSlashLine()) {
+        if ((!t.ownLine && lineHasContent_) || loneSlashLine() || mustTouch()) {
             // A comment behind code stays behind it, before any break that is owed.
-            out_ += ' ';
-            ++col_;
+            if (!mustTouch()) {
+                out_ += ' ';
+                ++col_;
+            }
             append(t.text);
         } else {
             // A comment on a line of its own keeps that line, indented like the code after it.
@@ -724,7 +742,7 @@ private:
     // what came before, so no block stays open across them.
     void client(const Token& t) {
         if (loneSlashLine()) out_ += ' ';
-        else if (!out_.empty()) startLine(0, t.blankBefore);
+        else if (!out_.empty() && !mustTouch()) startLine(0, t.blankBefore);
         append(t.text);
         mustBreak_ = true;
         pendingBreak_ = -1;

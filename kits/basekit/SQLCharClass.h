@@ -9,6 +9,16 @@ inline bool isAlpha(unsigned char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a
 // Bytes from 0x80 belong to words, so a UTF-8 sequence is never cut.
 inline bool isWordByte(unsigned char c) { return isAlpha(c) || isDigit(c) || c == '_' || c == '$' || c == '#' || c >= 0x80; }
 inline bool isWordStart(unsigned char c) { return isAlpha(c) || c == '_' || c >= 0x80; }
+// Bytes that run together into one operator: != <@> ->> #>> :: ...
+inline bool isOperatorByte(unsigned char c) {
+    switch (c) {
+        case '+': case '-': case '*': case '/': case '<': case '>': case '=': case '~': case '!':
+        case '@': case '#': case '%': case '^': case '&': case '|': case '?': case ':':
+            return true;
+        default:
+            return false;
+    }
+}
 inline char toUpper(char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; }
 inline char toLower(char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; }
 

@@ -95,15 +95,6 @@ void scanNumber(std::string_view text, std::size_t& i) {
     }
 }
 
-bool isOperatorByte(unsigned char c) {
-    switch (c) {
-        case '+': case '-': case '*': case '/': case '<': case '>': case '=': case '~': case '!':
-        case '@': case '#': case '%': case '^': case '&': case '|': case '?': case ':':
-            return true;
-        default:
-            return false;
-    }
-}
 
 // PL/SQL attributes that stick to the name before them: emp.sal%TYPE, c%NOTFOUND.
 constexpr std::string_view kAttributes[] = {"TYPE",     "ROWTYPE",         "FOUND",           "NOTFOUND", "ISOPEN",

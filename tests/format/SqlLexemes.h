@@ -71,7 +71,8 @@ public:
                 for (++i_; word(at(i_)) && !(at(i_) == '#' && (at(i_ + 1) == '>' || at(i_ + 1) == '-')); ++i_) {
                 }
                 const std::string w = upper(s_.substr(from, i_ - from));
-                if (at(i_) == '\'' && (w == "N" || w == "X" || w == "B" || w == "E" || w == "Q" || w == "NQ")) {
+                const bool alternativeQuote = (w == "Q" || w == "NQ") && i_ + 1 < s_.size() && !space(at(i_ + 1));
+                if (at(i_) == '\'' && (w == "N" || w == "X" || w == "B" || w == "E" || alternativeQuote)) {
                     if (w == "Q" || w == "NQ") alternative();
                     else quoted('\'', w == "E");
                 } else if (w == "U" && at(i_) == '&' && (at(i_ + 1) == '\'' || at(i_ + 1) == '"')) {
