@@ -479,8 +479,8 @@ private:
         }
         // CREATE VIEW v AS SELECT: the query starts a line of its own like a statement.
         const bool ddl = stmt_.kind == StatementKind::View || stmt_.kind == StatementKind::Table;
-        const bool inline_ = frames_.size() == 1 && !f.headSeen && i != stmt_.first && !ddl;
-        if (inline_) {
+        const bool startsInside = frames_.size() == 1 && !f.headSeen && i != stmt_.first && !ddl;
+        if (startsInside) {
             // The query starts inside a statement: its clauses line up under its first word.
             if (o_.align) {
                 f.base = pendingBreak_ >= 0 || mustBreak_ ? f.base : col_ + (lineHasContent_ ? 1 : 0);
@@ -489,7 +489,7 @@ private:
                 requestBreak(f.base);
             }
         }
-        const bool leadsSubquery = (f.sub && !f.headSeen) || (inline_ && o_.align);
+        const bool leadsSubquery = (f.sub && !f.headSeen) || (startsInside && o_.align);
         if (o_.align) {
             if (!leadsSubquery) requestBreak(f.base + std::max(0, kRiver - width));
             placeHeadWords(i, h.words, f.base);

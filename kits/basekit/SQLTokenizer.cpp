@@ -201,9 +201,8 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
         }
         const std::size_t start = i;
         // Right behind a name or a value, & and @ are operators (a&&b, a@>b), not variables.
-        const bool afterOperand = !tokens.empty() && whitespaceFrom == start &&
-                                  (tokens.back().kind == Kind::Word || tokens.back().kind == Kind::Number ||
-                                   tokens.back().kind == Kind::QuotedIdent || tokens.back().kind == Kind::CloseParen);
+        const bool afterOperand = start > 0 && (isWordByte(at(start - 1)) || at(start - 1) == ')' ||
+                                                at(start - 1) == '"' || at(start - 1) == '`');
         Kind kind = Kind::Operator;
         bool terminated = true;
         if (c == '\\' || (c == '/' && lineStart && atLineEnd(text, i + 1)) ||
