@@ -363,10 +363,11 @@ private:
     // Whether a token can stand right after (or before) an operator without the two reading
     // as one.
     static bool mayTouchOperator(const Token& t, bool after) {
-        if (t.text.empty() || t.kind == Kind::Operator || t.kind == Kind::LineComment || t.kind == Kind::BlockComment ||
-            t.kind == Kind::Client || t.kind == Kind::Semicolon)
+        if (t.text.empty() || t.kind == Kind::Operator || t.kind == Kind::Dot || t.kind == Kind::LineComment ||
+            t.kind == Kind::BlockComment || t.kind == Kind::Client || t.kind == Kind::Semicolon)
             return false;
-        return !isOperatorByte(static_cast<unsigned char>(after ? t.text.front() : t.text.back()));
+        const unsigned char c = static_cast<unsigned char>(after ? t.text.front() : t.text.back());
+        return !isOperatorByte(c) && c != '.';  // "1." and ".." would read as "1" and "..."
     }
 
     // After a lone '#' nothing may put a blank: "# x" reads as a MySQL comment.
