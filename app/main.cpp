@@ -26,10 +26,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <string>
-
 #include <fstream>
 #include <iterator>
+#include <string>
 
 #include "BindScanner.h"
 #include "CDC.h"

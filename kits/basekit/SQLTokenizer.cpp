@@ -205,8 +205,11 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
                                                 at(start - 1) == '"' || at(start - 1) == '`');
         Kind kind = Kind::Operator;
         bool terminated = true;
-        if (c == '\\' || (c == '/' && lineStart && atLineEnd(text, i + 1)) ||
-            (statementStart && clientCommandAt(text, i))) {
+        if (!delimiter.empty() && text.substr(i, delimiter.size()) == delimiter) {
+            kind = Kind::Semicolon;  // first: it ends statements even where it looks like something else
+            i += delimiter.size();
+        } else if (c == '\\' || (c == '/' && lineStart && atLineEnd(text, i + 1)) ||
+                   (statementStart && clientCommandAt(text, i))) {
             kind = Kind::Client;
             i = trimEnd(text, start, lineEnd(text, i));
             const Word w = wordAt(text, start);
@@ -218,9 +221,6 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
                 if (to - from > 1 && text[to - 1] == ';') --to;
                 delimiter = text.substr(from, to - from) == ";" ? "" : std::string(text.substr(from, to - from));
             }
-        } else if (!delimiter.empty() && text.substr(i, delimiter.size()) == delimiter) {
-            kind = Kind::Semicolon;
-            i += delimiter.size();
         } else if ((c == '-' && at(i + 1) == '-') || (c == '#' && (i + 1 >= n || isBlank(at(i + 1)) || at(i + 1) == '#'))) {
             // "-- ..." and MySQL's "# ...": to the end of the line.
             kind = Kind::LineComment;

@@ -38,13 +38,13 @@ public:
             }
             const std::size_t from = i_;
             bool ends = false, comment = false;
-            if (c == '\\' || runLine(lineStart) || (statementStart && clientLine())) {
+            if (!delimiter_.empty() && s_.substr(i_, delimiter_.size()) == delimiter_) {
+                i_ += delimiter_.size();
+                ends = true;
+            } else if (c == '\\' || runLine(lineStart) || (statementStart && clientLine())) {
                 toLineEnd();
                 ends = true;
                 chooseDelimiter(s_.substr(from, i_ - from));
-            } else if (!delimiter_.empty() && s_.substr(i_, delimiter_.size()) == delimiter_) {
-                i_ += delimiter_.size();
-                ends = true;
             } else if ((c == '-' && at(i_ + 1) == '-') || (c == '#' && (space(at(i_ + 1)) || at(i_ + 1) == '#' || i_ + 1 >= s_.size()))) {
                 toLineEnd();
                 comment = true;
