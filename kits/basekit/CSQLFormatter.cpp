@@ -522,7 +522,9 @@ private:
                 width = width_ + 1;
                 break;
             }
-            width += firstLineWidth(x.text) + 1;
+            bool lineEnds = false;
+            width += measure(x, lineEnds) + 1;
+            if (lineEnds) break;
             if (is(x, "CASE")) ++depth;
             else if (is(x, "END") && --depth == 0) break;
         }
@@ -686,16 +688,32 @@ private:
         int width = 0, depth = 0;
         for (; k < tokens_.size() && width <= width_; ++k) {
             const Token& t = tokens_[k];
+            if (t.kind == Kind::Semicolon || t.kind == Kind::Client || t.kind == Kind::LineComment) break;
             if (t.kind == Kind::OpenParen) ++depth;
             else if (t.kind == Kind::CloseParen && --depth < 0) break;
-            else if (depth == 0 && (t.kind == Kind::Comma || t.kind == Kind::Semicolon || t.kind == Kind::Client ||
-                                    t.kind == Kind::LineComment || (t.kind == Kind::Word && (wordClass(t) & Structural) &&
-                                                                    (is(t, "FROM") || is(t, "WHERE") || is(t, "INTO") ||
-                                                                     is(t, "GROUP") || is(t, "ORDER") || is(t, "HAVING")))))
+            else if (depth == 0 && (t.kind == Kind::Comma ||
+                                    (t.kind == Kind::Word && (wordClass(t) & Structural) &&
+                                     (is(t, "FROM") || is(t, "WHERE") || is(t, "INTO") || is(t, "GROUP") ||
+                                      is(t, "ORDER") || is(t, "HAVING")))))
                 break;
-            width += firstLineWidth(t.text) + 1;
+            bool lineEnds = false;
+            width += measure(t, lineEnds) + 1;
+            if (lineEnds) break;
         }
         return std::max(0, width - 1);
+    }
+
+    // The width a token takes on its first line. `lineEnds` tells that the line ends inside
+    // it: a token over several lines, or a dollar-quoted text, whose first line may be laid
+    // out anew and is counted as its opening quote alone.
+    static int measure(const Token& t, bool& lineEnds) {
+        if (t.kind == Kind::String && t.text[0] == '$') {
+            lineEnds = true;
+            const std::size_t tag = t.text.find('$', 1);
+            return int(tag == std::string_view::npos ? t.text.size() : tag + 1);
+        }
+        lineEnds = t.text.find_first_of("\r\n") != std::string_view::npos;
+        return firstLineWidth(t.text);
     }
 
     // The end of a statement: ';', or a delimiter chosen by a DELIMITER line, which also ends
