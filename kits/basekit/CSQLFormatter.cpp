@@ -292,7 +292,7 @@ private:
     }
 
     void placeText(const Token& t, const std::string& text, bool space, int wrapCol, bool mayWrap = true) {
-        const bool touch = mustTouch();
+        const bool touch = mustTouch(t);
         if (loneSlashLine() || touch) {
             pendingBreak_ = -1;
             mustBreak_ = false;
@@ -351,8 +351,6 @@ private:
             return false;
         if (t.joined && ((t.kind == Kind::Word && t.text[0] == '%') || isChar(t, '[') || isChar(p, '[') || isChar(t, ']')))
             return false;
-        // DEFINE*x must not become "DEFINE *x", which a client reads as its own command.
-        if (t.joined && p.kind == Kind::Word && isClientWord(p.text)) return false;
         if (prevUnary_ && mayTouchOperator(t, true) &&
             (t.kind == Kind::Number || t.kind == Kind::Word || t.kind == Kind::Bind || t.kind == Kind::QuotedIdent ||
              t.kind == Kind::OpenParen))
@@ -370,8 +368,13 @@ private:
         return !isOperatorByte(c) && c != '.';  // "1." and ".." would read as "1" and "..."
     }
 
-    // After a lone '#' nothing may put a blank: "# x" reads as a MySQL comment.
-    bool mustTouch() const { return prev_ && prev_->kind == Kind::Operator && prev_->text == "#"; }
+    // Whether `t` must stay against the token before it: after a lone '#' ("# x" reads as a
+    // MySQL comment), and after a client's word it touched ("REM--x" is no REM line, but
+    // "REM --x" would be).
+    bool mustTouch(const Token& t) const {
+        return prev_ && ((prev_->kind == Kind::Operator && prev_->text == "#") ||
+                         (t.joined && prev_->kind == Kind::Word && isClientWord(prev_->text)));
+    }
 
     bool isUnarySign(const Token& t) {
         if (t.kind != Kind::Operator || (t.text != "-" && t.text != "+")) return false;
@@ -735,9 +738,9 @@ private:
 
     void comment(std::size_t i) {
         const Token& t = tokens_[i];
-        if ((!t.ownLine && lineHasContent_) || loneSlashLine() || mustTouch()) {
+        if ((!t.ownLine && lineHasContent_) || loneSlashLine() || mustTouch(t)) {
             // A comment behind code stays behind it, before any break that is owed.
-            if (!mustTouch()) {
+            if (!mustTouch(t)) {
                 out_ += ' ';
                 ++col_;
             }
@@ -761,7 +764,7 @@ private:
     // what came before, so no block stays open across them.
     void client(const Token& t) {
         if (loneSlashLine()) out_ += ' ';
-        else if (!out_.empty() && !mustTouch()) startLine(0, t.blankBefore);
+        else if (!out_.empty() && !mustTouch(t)) startLine(0, t.blankBefore);
         append(t.text);
         mustBreak_ = true;
         pendingBreak_ = -1;
