@@ -760,10 +760,11 @@ private:
         prevUnary_ = false;
     }
 
-    // A line for the client stays whole at the start of a line of its own. "/" and GO run
-    // what came before, so no block stays open across them.
+    // A line for the client stays whole, at the start of a line of its own unless it shared
+    // one with code. "/" and GO run what came before, so no block stays open across them.
     void client(const Token& t) {
-        if (loneSlashLine()) out_ += ' ';
+        // One that shared a line with code (select ... \gset) stays on that line.
+        if (loneSlashLine() || (!t.ownLine && lineHasContent_ && !mustTouch(t))) out_ += ' ';
         else if (!out_.empty() && !mustTouch(t)) startLine(0, t.blankBefore);
         append(t.text);
         mustBreak_ = true;
