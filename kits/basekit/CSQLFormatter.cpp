@@ -293,6 +293,7 @@ private:
 
     void placeText(const Token& t, const std::string& text, bool space, int wrapCol, bool mayWrap = true) {
         const bool touch = mustTouch(t);
+        if (isChar(t, '/') && !mustBreak_) pendingBreak_ = -1;  // a "/" never starts a line by choice
         if (loneSlashLine() || touch) {
             pendingBreak_ = -1;
             mustBreak_ = false;
