@@ -244,8 +244,7 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
             i = terminated ? close + tag.size() : n;
         } else if (c == '$' && isDigit(at(i + 1))) {
             kind = Kind::Bind;  // $1 (and whatever touches it, which is never split off)
-            ++i;
-            while (i < n && isWordByte(at(i))) ++i;
+            i = wordAt(text, i + 1).end;
         } else if (isDigit(c) || (c == '.' && isDigit(at(i + 1)))) {
             kind = Kind::Number;
             scanNumber(text, i);
