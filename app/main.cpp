@@ -6,6 +6,8 @@
 //   quillbox uncode --lang LANGUAGE FILE print the SQL that pasting FILE's code would give
 //   quillbox binds FILE                 list each bind variable with its line and column
 //   quillbox print FILE -o OUT.pdf      print the script, with header and footer, to a PDF file
+//   quillbox format [--align 0|1] [--comma 0|1] [--case 0..3] [--multiline 0|1] FILE
+//                                       write the script laid out by Format SQL to standard output
 // The batch commands run a hidden SQL edit window and use its own commands.
 // With no display the program runs on the offscreen platform, says so, and writes a picture
 // of the window instead of showing it.
@@ -17,16 +19,21 @@
 #include <QPixmap>
 #include <QTranslator>
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "BindScanner.h"
 #include "CDC.h"
 #include "CKTSQLEditWnd.h"
 #include "CKTTextFile.h"
+#include "CSQLFormatter.h"
 #include "EditorHost.h"
+#include "Settings.h"
 
 namespace {
 int usage(std::FILE* out, int status) {
@@ -37,6 +44,7 @@ int usage(std::FILE* out, int status) {
                  "       quillbox uncode --lang LANGUAGE FILE\n"
                  "       quillbox binds FILE\n"
                  "       quillbox print FILE -o OUT.pdf\n"
+                 "       quillbox format [--align 0|1] [--comma 0|1] [--case 0..3] [--multiline 0|1] FILE\n"
                  "       quillbox --help\n"
                  "LANGUAGE is one of:");
     for (const CodeLanguage& language : CodeLanguages()) std::fprintf(out, " \"%s\"", language.storedName);
@@ -148,6 +156,52 @@ int runPrint(const char* file, const char* pdf) {
     return 0;
 }
 
+// The keyword tests Format SQL hands the formatter.
+class FormatKeywords : public CKTScinWnd {
+public:
+    using CKTScinWnd::isSQLKeyword;
+    using CKTScinWnd::isSQLKeyword2;
+};
+
+// Formats FILE as the editor's Format SQL does, the options at their settings' defaults unless
+// given, and writes the result to standard output. The bytes go through unchanged in encoding.
+int runFormat(int argc, char** argv) {
+    bool align = settings::KeywordAlign.defaultValue != 0, comma = settings::CommaInList.defaultValue != 0,
+         multiline = settings::Multiline.defaultValue != 0;
+    int keywordCase = settings::KeywordCase.defaultValue;
+    const char* file = nullptr;
+    for (int i = 2; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg.rfind("--", 0) != 0) {
+            if (file) return usage();
+            file = argv[i];
+            continue;
+        }
+        if (i + 1 >= argc) return usage();
+        char* end = nullptr;
+        const long value = std::strtol(argv[++i], &end, 10);
+        if (!end || *end != '\0' || end == argv[i]) return usage();
+        if (arg == "--align" && (value == 0 || value == 1)) align = value == 1;
+        else if (arg == "--comma" && (value == 0 || value == 1)) comma = value == 1;
+        else if (arg == "--multiline" && (value == 0 || value == 1)) multiline = value == 1;
+        else if (arg == "--case" && value >= 0 && value <= 3) keywordCase = int(value);
+        else return usage();
+    }
+    if (!file) return usage();
+    std::ifstream in(file, std::ios::binary);
+    if (!in) {
+        std::fprintf(stderr, "quillbox: cannot open %s: %s\n", file, std::strerror(errno));
+        return 1;
+    }
+    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    CSQLFormatter formatter;
+    formatter.isKeywordFunc = &FormatKeywords::isSQLKeyword;
+    formatter.isListKeywordFunc = &FormatKeywords::isSQLKeyword2;
+    const CString out = formatter.Format(CString(text), align, comma, keywordCase, multiline, true, 80);
+    std::fwrite(out.view().data(), 1, out.view().size(), stdout);
+    return std::fflush(stdout) == 0 ? 0 : 1;
+}
+
 bool hasDisplay() {
     // A platform the user chose counts, unless it is one that shows nothing.
     const char* platform = std::getenv("QT_QPA_PLATFORM");
@@ -174,6 +228,7 @@ int main(int argc, char** argv) {
         if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) return usage(stdout, 0);
     if (argc < 3) return usage();
     const std::string command = argv[1];
+    if (command == "format") return runFormat(argc, argv);
     if (command == "code" || command == "uncode" || command == "binds" || command == "print") {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);  // batch commands show nothing
         QApplication app(argc, argv);

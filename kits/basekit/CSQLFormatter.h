@@ -1,11 +1,17 @@
 #pragma once
 // CSQLFormatter: lays out SQL text. Clause keywords start their own lines, list items follow
-// the comma rules, sub-queries and parenthesised groups nest, and long lines wrap at a width.
+// the comma rules, sub-queries and parenthesised groups nest, procedural blocks (PL/SQL,
+// PL/pgSQL, MySQL routines) indent by nesting, table definitions put one column on a line,
+// and long lines wrap at a width.
 //
 // The formatter only ever changes the whitespace between tokens and the letter case of
 // keywords: every other byte of the text comes out as it went in and in the same order
 // (strings, quoted identifiers, comments, numbers, bind variables, operators, UTF-8
-// sequences). Formatting a formatted text again gives the same text.
+// sequences). A run of operator characters that stood together stays together. Lines for
+// the client rather than the server (psql's backslash commands, SQL*Plus's "/", "@file",
+// PROMPT, REM, ...) stay whole on lines of their own. The one exception to "every other
+// byte": the body of a PL/pgSQL or SQL function in dollar quotes ($$ ... $$) is SQL and is
+// laid out like the rest. Formatting a formatted text again gives the same text.
 //
 // Use: construct, set the two keyword tests, call Format, destroy.
 #include <string_view>
@@ -57,19 +63,22 @@ public:
                    bool formatFlag, int lineWidth);
 
     enum class TokenKind {
-        Word,          // identifier or keyword: letters, digits, _ $ # and bytes from 0x80
+        Word,          // identifier or keyword: letters, digits, _ $ # and bytes from 0x80,
+                       // with a PL/SQL attribute behind it (emp.sal%TYPE, c%NOTFOUND)
         QuotedIdent,   // "name" or `name`
-        String,        // 'text', with an optional N, X, B prefix, or Q'[text]' and its kin
+        String,        // 'text', with an optional N, X, B, E prefix, Q'[text]' and its kin,
+                       // or $$text$$ / $tag$text$tag$
         Number,        // 12, 1.5, .5, 1e-3, 0x1F
-        Bind,          // :name, :1, ?, &name, &&name, @name
-        Operator,      // = <> || := and every other punctuation byte
+        Bind,          // :name, :1, :'name', ?, $1, &name, &&name, @name, @@name
+        Operator,      // a run of operator characters (= <> || := :: !~ @> ->> ...)
         OpenParen,
         CloseParen,
         Comma,
-        Semicolon,
+        Semicolon,     // ; or the delimiter a DELIMITER line chose
         Dot,
         LineComment,   // -- to the end of the line, without trailing blanks
         BlockComment,  // /* ... */
+        Client,        // a line for the client, not the server, without trailing blanks
     };
 
     struct Token {
@@ -77,6 +86,8 @@ public:
         std::string_view text;
         bool ownLine = false;     // only whitespace with a line end (or nothing) lies before it
         bool terminated = true;   // false for a string, quoted name or comment cut by the end
+        bool joined = false;      // no whitespace between it and the token before
+        bool blankBefore = false; // an empty line lies between it and the token before
     };
 
     // Splits text into tokens; the whitespace between them is all that is left out.

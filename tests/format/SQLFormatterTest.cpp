@@ -1,26 +1,30 @@
-// The SQL formatter: layout rules, keyword case, and the two properties every layout keeps:
-// the tokens stay (only whitespace and the case of keywords change), and a second pass
-// changes nothing.
+// The SQL formatter: layout cases kept as files (an input and its expected layouts under
+// tests/data/format/cases), real scripts written by others (tests/data/format/corpus), and
+// the two properties every layout keeps: the lexemes stay (only whitespace, the case of
+// keywords and the layout inside function bodies change), and a second pass changes nothing.
+// QUILLBOX_FORMAT_UPDATE=1 rewrites the expected layouts from the formatter's output.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <string>
-#include <strings.h>
 #include <vector>
 
+#include "CKTScinWnd.h"
 #include "CSQLFormatter.h"
+#include "SqlLexemes.h"
+
+namespace fs = std::filesystem;
 
 namespace {
-int reserved(const char* word, int length) {
-    for (const char* w : {"SELECT", "FROM", "WHERE", "AND", "OR", "IN", "AS", "ON", "BY", "DESC", "NOT", "NULL", "IS"})
-        if (int(std::strlen(w)) == length && strncasecmp(w, word, std::size_t(length)) == 0) return 1;
-    return 0;
-}
-int functions(const char* word, int length) {
-    for (const char* w : {"COUNT", "NVL", "MAX"})
-        if (int(std::strlen(w)) == length && strncasecmp(w, word, std::size_t(length)) == 0) return 1;
-    return 0;
-}
+// The keyword tests Format SQL hands the formatter, so that these layouts are the command's.
+class Keywords : public CKTScinWnd {
+public:
+    using CKTScinWnd::isSQLKeyword;
+    using CKTScinWnd::isSQLKeyword2;
+};
 
 struct Options {
     bool align = true, commaFirst = false;
@@ -31,26 +35,56 @@ struct Options {
 
 std::string format(const std::string& sql, Options o = {}) {
     CSQLFormatter f;
-    f.isKeywordFunc = reserved;
-    f.isListKeywordFunc = functions;
+    f.isKeywordFunc = &Keywords::isSQLKeyword;
+    f.isListKeywordFunc = &Keywords::isSQLKeyword2;
     return f.Format(CString(sql), o.align, o.commaFirst, o.keywordCase, o.multiline, o.layout, o.width).str();
 }
 
-bool sameTokens(const std::string& a, const std::string& b) {
-    const auto x = CSQLFormatter::Tokenize(a), y = CSQLFormatter::Tokenize(b);
-    if (x.size() != y.size()) return false;
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        if (x[i].kind != y[i].kind) return false;
-        if (x[i].kind == CSQLFormatter::TokenKind::Word) {
-            if (x[i].text.size() != y[i].text.size() ||
-                strncasecmp(x[i].text.data(), y[i].text.data(), x[i].text.size()) != 0)
-                return false;
-        } else if (x[i].text != y[i].text) {
-            return false;
-        }
-    }
+// Options from a name such as "a1c0k1m0": align, comma first, keyword case, multiline.
+bool parseOptions(const std::string& name, Options& o) {
+    if (name.size() != 8 || name[0] != 'a' || name[2] != 'c' || name[4] != 'k' || name[6] != 'm') return false;
+    o.align = name[1] == '1';
+    o.commaFirst = name[3] == '1';
+    o.keywordCase = name[5] - '0';
+    o.multiline = name[7] == '1';
     return true;
 }
+
+std::string readFile(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+// The first lexeme where two texts part, for the failure message.
+std::string firstDifference(const std::string& a, const std::string& b) {
+    const auto x = sqllex::lexemes(a), y = sqllex::lexemes(b);
+    for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i)
+        if (x[i] != y[i]) return "lexeme " + std::to_string(i) + ": [" + x[i] + "] became [" + y[i] + "]";
+    return x.size() == y.size() ? "" : "lexeme count " + std::to_string(x.size()) + " became " + std::to_string(y.size());
+}
+
+// The first line where two texts part, for the failure message.
+std::string firstLineDifference(const std::string& a, const std::string& b) {
+    std::istringstream x(a), y(b);
+    std::string p, q;
+    for (int line = 1;; ++line) {
+        const bool more = bool(std::getline(x, p)), more2 = bool(std::getline(y, q));
+        if (!more && !more2) return "";
+        if (p != q || more != more2) return "line " + std::to_string(line) + ": [" + p + "] became [" + q + "]";
+    }
+}
+
+// Checks both properties of one layout; returns the layout.
+std::string formatChecked(const std::string& sql, const Options& o, const std::string& what) {
+    const std::string once = format(sql, o);
+    EXPECT_EQ(firstDifference(sql, once), "") << what;
+    EXPECT_EQ(firstLineDifference(once, format(once, o)), "") << what << ": a second pass changed the text";
+    return once;
+}
+
+const fs::path kData = QUILLBOX_FORMAT_DATA;
 
 const char* const kSamples[] = {
     "select a.id, b.name, count(*) n from orders a join customers b on a.cid = b.id and b.ok = 1 "
@@ -66,111 +100,51 @@ const char* const kSamples[] = {
     "begin x := 1; if x > 0 then null; end if; end;\n/* open comment  \n",
     ")))) select ( from where , ; ; and or",
     "select 漢字, données from テーブル where 名前 = 'ÿ'",
+    "do $$ begin if a!~b then perform x->>'k', y@>z, e'a\\'b' ; end if; end $$; select $1::int, :'v', U&'d\\0061'",
+    "create table t (a int, constraint k primary key (a), b varchar(2)) ; prompt hi\n/\nselect x%type from y;\n\\q",
+    "end; end if; else; when; exception; loop; then; declare x int; begin",
 };
 }  // namespace
 
-TEST(SQLFormatter, AlignedClausesListsAndSubqueries) {
-    EXPECT_EQ(format("select a, b from t where x = 1 and y in (select z from u where v = 2) order by a"),
-              "SELECT a, b\n"
-              "  FROM t\n"
-              " WHERE x = 1\n"
-              "   AND y IN (SELECT z\n"
-              "               FROM u\n"
-              "              WHERE v = 2)\n"
-              "ORDER BY a");
-    Options lower;
-    lower.keywordCase = CSQLFormatter::LowerCase;
-    EXPECT_EQ(format("SELECT A FROM T JOIN U ON T.K = U.K AND T.J BETWEEN 1 AND 2", lower),
-              "select A\n"
-              "  from T\n"
-              "  join U\n"
-              "    on T.K = U.K\n"
-              "   and T.J between 1 and 2");
-}
-
-TEST(SQLFormatter, KeywordsOnTheirOwnLinesWithLeadingCommas) {
-    Options o;
-    o.align = false;
-    o.commaFirst = true;
-    o.multiline = true;
-    o.keywordCase = CSQLFormatter::UpperCase;
-    EXPECT_EQ(format("select a, nvl(b, 0) from (select a, b from t) q group by a, b", o),
-              "SELECT\n"
-              "    a\n"
-              "  , NVL(b, 0)\n"
-              "FROM\n"
-              "    (\n"
-              "        SELECT\n"
-              "            a\n"
-              "          , b\n"
-              "        FROM\n"
-              "            t\n"
-              "    ) q\n"
-              "GROUP BY\n"
-              "    a\n"
-              "  , b");
-    o.align = true;
-    o.commaFirst = false;
-    EXPECT_EQ(format("select a, b, c from t", o), "SELECT a,\n       b,\n       c\n  FROM t");
-    o.commaFirst = true;
-    EXPECT_EQ(format("select a, b from t", o), "SELECT a\n     , b\n  FROM t");
-}
-
-TEST(SQLFormatter, KeywordCaseTouchesOnlyKeywords) {
-    const std::string sql = "Select nvl(Name, 'select') From \"from\" where Count(*) > 0";
-    Options o;
-    o.keywordCase = CSQLFormatter::KeepCase;
-    EXPECT_EQ(format(sql, o), "Select nvl(Name, 'select')\n  From \"from\"\n where Count(*) > 0");
-    o.keywordCase = CSQLFormatter::UpperCase;
-    EXPECT_EQ(format(sql, o), "SELECT NVL(Name, 'select')\n  FROM \"from\"\n WHERE COUNT(*) > 0");
-    o.keywordCase = CSQLFormatter::CapitalCase;
-    EXPECT_EQ(format(sql, o), "Select Nvl(Name, 'select')\n  From \"from\"\n Where Count(*) > 0");
-    const std::string kept = format(sql, Options{.keywordCase = CSQLFormatter::KeepCase});
-    o.keywordCase = 9;  // unknown: kept
-    EXPECT_EQ(format(sql, o), kept);
-
-    // Clause words are keywords even without the caller's tests.
-    CSQLFormatter bare;
-    EXPECT_EQ(bare.Format("select x from t", true, false, 1, false, true, 80), "SELECT x\n  FROM t");
-}
-
-TEST(SQLFormatter, CommentsKeepTheirLines) {
-    EXPECT_EQ(format("select a -- why\n, b /* inline */ from t"),
-              "SELECT a -- why\n       , b /* inline */\n  FROM t");
-    EXPECT_EQ(format("-- heading\nselect 1 from dual -- tail"), "-- heading\nSELECT 1\n  FROM dual -- tail");
-    // An unterminated comment takes the rest, so nothing may be added behind it.
-    EXPECT_EQ(format("select 1 /* open\n"), "SELECT 1 /* open\n");
-}
-
-TEST(SQLFormatter, LongLinesWrapAtTheWidth) {
-    std::string sql = "select ";
-    for (int i = 0; i < 30; ++i) sql += "column_number_" + std::to_string(i) + ", ";
-    sql += "x from t where " + std::string(100, 'w') + " = 1";
-    const std::string out = format(sql);
-    std::size_t start = 0, longest = 0;
-    for (std::size_t end; (end = out.find('\n', start)) != std::string::npos || start < out.size(); start = end + 1) {
-        if (end == std::string::npos) end = out.size();
-        const std::string line = out.substr(start, end - start);
-        if (line.find(std::string(100, 'w')) == std::string::npos) longest = std::max(longest, line.size());
-        if (end == out.size()) break;
+// Each case file NAME.sql has expected layouts NAME.OPTIONS.expected.
+TEST(SQLFormatter, CasesLayOutAsExpected) {
+    const bool update = std::getenv("QUILLBOX_FORMAT_UPDATE") != nullptr;
+    int checked = 0;
+    for (const auto& entry : fs::directory_iterator(kData / "cases")) {
+        const fs::path path = entry.path();
+        if (path.extension() != ".expected") continue;
+        const std::string stem = path.stem().string();  // NAME.OPTIONS
+        const std::size_t dot = stem.rfind('.');
+        Options o;
+        ASSERT_TRUE(dot != std::string::npos && parseOptions(stem.substr(dot + 1), o)) << path;
+        const fs::path input = kData / "cases" / (stem.substr(0, dot) + ".sql");
+        const std::string sql = readFile(input);
+        ASSERT_FALSE(sql.empty()) << input;
+        const std::string out = formatChecked(sql, o, path.filename().string());
+        if (update) std::ofstream(path, std::ios::binary) << out;
+        else EXPECT_EQ(out, readFile(path)) << path.filename();
+        ++checked;
     }
-    EXPECT_LE(longest, 80u);
-    EXPECT_NE(out.find(std::string(100, 'w')), std::string::npos);  // a long token stays whole
-    EXPECT_NE(out.find("\n       column_number_"), std::string::npos);
+    EXPECT_GE(checked, 10);
 }
 
-TEST(SQLFormatter, LineEndsAndWhitespaceOnlyInput) {
-    EXPECT_EQ(format("select 1\r\nfrom dual\r\n"), "SELECT 1\r\n  FROM dual\r\n");
-    EXPECT_EQ(format("select 1;select 2"), "SELECT 1;\nSELECT 2");
-    EXPECT_EQ(format(""), "");
-    EXPECT_EQ(format("  \n\t "), "  \n\t ");
-    Options caseOnly;
-    caseOnly.layout = false;
-    caseOnly.keywordCase = CSQLFormatter::UpperCase;
-    EXPECT_EQ(format("  select a,\n\tb  from t -- from\n", caseOnly), "  SELECT a,\n\tb  FROM t -- from\n");
+// Scripts written by others, under several option sets.
+TEST(SQLFormatter, RealScriptsKeepTheirLexemesAndAreStable) {
+    int files = 0;
+    for (const auto& entry : fs::directory_iterator(kData / "corpus")) {
+        if (entry.path().extension() != ".sql") continue;
+        const std::string sql = readFile(entry.path());
+        for (const char* options : {"a1c0k0m0", "a0c1k1m1", "a1c1k2m0", "a0c0k3m1"}) {
+            Options o;
+            parseOptions(options, o);
+            formatChecked(sql, o, entry.path().filename().string() + " " + options);
+        }
+        ++files;
+    }
+    EXPECT_GE(files, 10);
 }
 
-TEST(SQLFormatter, EveryLayoutKeepsTheTokensAndIsStable) {
+TEST(SQLFormatter, EveryOptionKeepsTheLexemesOfOddInput) {
     for (const char* sample : kSamples) {
         for (int bits = 0; bits < 64; ++bits) {
             Options o;
@@ -180,20 +154,73 @@ TEST(SQLFormatter, EveryLayoutKeepsTheTokensAndIsStable) {
             o.layout = !(bits & 8);
             o.keywordCase = (bits >> 4) & 3;
             o.width = bits & 8 ? 0 : 30;
-            const std::string once = format(sample, o);
-            ASSERT_TRUE(sameTokens(sample, once)) << "options " << bits << "\n" << sample << "\n---\n" << once;
-            ASSERT_EQ(format(once, o), once) << "options " << bits << "\n" << sample;
+            formatChecked(sample, o, "options " + std::to_string(bits) + ": " + sample);
         }
     }
 }
 
-TEST(SQLFormatter, TokenizerKeepsOddTextWhole) {
-    const auto tokens = CSQLFormatter::Tokenize("q'{a'b}' N'x' 'it''s' \"a\"\"b\" :b1 &&s 1e+5 a.b --c  \nx");
+TEST(SQLFormatter, KeywordCaseTouchesOnlyKeywords) {
+    const std::string sql = "Select nvl(Name, 'select') From \"from\" where Count(*) > 0";
+    const char* const expected[] = {
+        "Select nvl(Name, 'select')\n  From \"from\"\n where Count(*) > 0",
+        "SELECT NVL(Name, 'select')\n  FROM \"from\"\n WHERE COUNT(*) > 0",
+        "select nvl(Name, 'select')\n  from \"from\"\n where count(*) > 0",
+        "Select Nvl(Name, 'select')\n  From \"from\"\n Where Count(*) > 0",
+        "Select nvl(Name, 'select')\n  From \"from\"\n where Count(*) > 0",  // unknown: kept
+    };
+    for (int keywordCase = 0; keywordCase <= 4; ++keywordCase)
+        EXPECT_EQ(format(sql, Options{.keywordCase = keywordCase == 4 ? 9 : keywordCase}), expected[keywordCase]);
+
+    // Clause words are keywords even without the caller's tests.
+    CSQLFormatter bare;
+    EXPECT_EQ(bare.Format("select x from t", true, false, 1, false, true, 80), "SELECT x\n  FROM t");
+}
+
+TEST(SQLFormatter, LongLinesWrapAtTheWidth) {
+    std::string sql = "select ";
+    for (int i = 0; i < 30; ++i) sql += "column_number_" + std::to_string(i) + ", ";
+    sql += "x from t where " + std::string(100, 'w') + " = 1";
+    const std::string out = format(sql);
+    std::istringstream lines(out);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find(std::string(100, 'w')) != std::string::npos) continue;
+        EXPECT_LE(line.size(), 80u) << line;
+    }
+    EXPECT_NE(out.find(std::string(100, 'w')), std::string::npos);  // a long token stays whole
+    EXPECT_NE(out.find("\n       column_number_"), std::string::npos);
+}
+
+TEST(SQLFormatter, LineEndsWhitespaceAndCaseOnly) {
+    EXPECT_EQ(format("select 1\r\nfrom dual\r\n"), "SELECT 1\r\n  FROM dual\r\n");
+    EXPECT_EQ(format("begin\r\nx;\r\n\r\n\r\ny;\r\nend;"), "BEGIN\r\n    x;\r\n\r\n    y;\r\nEND;");
+    EXPECT_EQ(format(""), "");
+    EXPECT_EQ(format("  \n\t "), "  \n\t ");
+    EXPECT_EQ(format("select 1 /* open\n"), "SELECT 1 /* open\n");  // nothing may follow an open comment
+    Options caseOnly;
+    caseOnly.layout = false;
+    EXPECT_EQ(format("  select a,\n\tb  from t -- from\n", caseOnly), "  SELECT a,\n\tb  FROM t -- from\n");
+}
+
+TEST(SQLFormatter, TokenizerKeepsWhatMustNotChangeWhole) {
+    const auto tokens = CSQLFormatter::Tokenize(
+        "q'{a'b}' N'x' 'it''s' \"a\"\"b\" :b1 &&s 1e+5 a.b --c  \nx !~ <@> ->> e.s%type $1 :'v' $q$ a $$ b $q$ 1..2 "
+        "E'\\'' # note\n\\echo a \\quit\nprompt x; \n/\n");
     std::vector<std::string> texts;
     for (const auto& t : tokens) texts.emplace_back(t.text);
-    EXPECT_EQ(texts, (std::vector<std::string>{"q'{a'b}'", "N'x'", "'it''s'", "\"a\"\"b\"", ":b1", "&&s", "1e+5", "a",
-                                               ".", "b", "--c", "x"}));
-    EXPECT_TRUE(tokens.back().ownLine);
+    EXPECT_EQ(texts, (std::vector<std::string>{"q'{a'b}'", "N'x'", "'it''s'", "\"a\"\"b\"", ":b1", "&&s", "1e+5", "a", ".",
+                                               "b", "--c", "x", "!~", "<@>", "->>", "e", ".", "s%type", "$1", ":'v'",
+                                               "$q$ a $$ b $q$", "1", "..", "2", "E'\\''", "# note", "\\echo a \\quit",
+                                               "prompt x;", "/"}));
+    EXPECT_TRUE(tokens[11].ownLine);
     EXPECT_FALSE(tokens[1].ownLine);
+    EXPECT_EQ(tokens.back().kind, CSQLFormatter::TokenKind::Client);
     EXPECT_FALSE(CSQLFormatter::Tokenize("'open").front().terminated);
+    EXPECT_FALSE(CSQLFormatter::Tokenize("$x$ open").front().terminated);
+
+    // DELIMITER chooses what ends a statement, until it is set back.
+    const auto mysql = CSQLFormatter::Tokenize("delimiter //\nselect 1; //\ndelimiter ;\nselect 2;");
+    ASSERT_EQ(mysql.size(), 9u);
+    EXPECT_EQ(mysql[4].kind, CSQLFormatter::TokenKind::Semicolon);
+    EXPECT_EQ(mysql[4].text, "//");
+    EXPECT_EQ(mysql[5].kind, CSQLFormatter::TokenKind::Client);
 }

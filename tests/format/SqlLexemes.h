@@ -1,0 +1,238 @@
+#pragma once
+// A reader of SQL text written for the formatter's tests, apart from the formatter's own
+// tokenizer: it cuts text into lexemes the way a database client and server would, so that
+// two texts with the same lexemes mean the same. Words compare in upper case; a run of
+// operator characters, a string, a quoted name, a comment and a client line compare byte for
+// byte. A dollar-quoted text is read as SQL inside its quotes, so that a laid-out function
+// body still compares with the original.
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sqllex {
+inline bool letter(unsigned char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+inline bool digit(unsigned char c) { return c >= '0' && c <= '9'; }
+inline bool word(unsigned char c) { return letter(c) || digit(c) || c == '_' || c == '$' || c == '#' || c >= 0x80; }
+inline bool wordStart(unsigned char c) { return letter(c) || c == '_' || c >= 0x80; }
+inline bool space(unsigned char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v'; }
+inline bool op(unsigned char c) { return std::string_view("+-*/<>=~!@#%^&|?:").find(char(c)) != std::string_view::npos && c; }
+inline std::string upper(std::string_view s) {
+    std::string r(s);
+    for (char& c : r)
+        if (c >= 'a' && c <= 'z') c = char(c - 32);
+    return r;
+}
+
+class Lexer {
+public:
+    explicit Lexer(std::string_view text) : s_(text) {}
+
+    std::vector<std::string> run() {
+        bool statementStart = true, lineStart = true;
+        while (i_ < s_.size()) {
+            const unsigned char c = at(i_);
+            if (space(c)) {
+                lineStart |= c == '\n' || c == '\r';
+                ++i_;
+                continue;
+            }
+            const std::size_t from = i_;
+            bool ends = false, comment = false;
+            if (!delimiter_.empty() && s_.substr(i_, delimiter_.size()) == delimiter_) {
+                i_ += delimiter_.size();
+                ends = true;
+            } else if (c == '\\' || runLine(lineStart) || (statementStart && clientLine())) {
+                toLineEnd();
+                ends = true;
+                chooseDelimiter(s_.substr(from, i_ - from));
+            } else if ((c == '-' && at(i_ + 1) == '-') || (c == '#' && (space(at(i_ + 1)) || at(i_ + 1) == '#' || i_ + 1 >= s_.size()))) {
+                toLineEnd();
+                comment = true;
+            } else if (c == '/' && at(i_ + 1) == '*') {
+                const std::size_t e = s_.find("*/", i_ + 2);
+                i_ = e == std::string_view::npos ? s_.size() : e + 2;
+                comment = true;
+            } else if (c == '$' && tagLength() > 0) {
+                const std::size_t tag = tagLength();
+                const std::size_t e = s_.find(s_.substr(i_, tag), i_ + tag);
+                if (e == std::string_view::npos) {
+                    i_ = s_.size();
+                } else {
+                    out_.emplace_back(s_.substr(i_, tag));
+                    for (std::string& inner : Lexer(s_.substr(i_ + tag, e - i_ - tag)).run()) out_.push_back("  " + inner);
+                    out_.emplace_back(s_.substr(e, tag));
+                    i_ = e + tag;
+                    statementStart = lineStart = false;
+                    continue;
+                }
+            } else if (c == '\'' || c == '"' || c == '`') {
+                quoted(char(c), false);
+            } else if (wordStart(c) || c == '$' || (c == '#' && wordStart(at(i_ + 1)))) {
+                for (++i_; word(at(i_)) && !(at(i_) == '#' && (at(i_ + 1) == '>' || at(i_ + 1) == '-')); ++i_) {
+                }
+                const std::string w = upper(s_.substr(from, i_ - from));
+                const bool alternativeQuote = (w == "Q" || w == "NQ") && i_ + 1 < s_.size() && !space(at(i_ + 1));
+                if (at(i_) == '\'' && (w == "N" || w == "X" || w == "B" || w == "E" || alternativeQuote)) {
+                    if (w == "Q" || w == "NQ") alternative();
+                    else quoted('\'', w == "E");
+                } else if (w == "U" && at(i_) == '&' && (at(i_ + 1) == '\'' || at(i_ + 1) == '"')) {
+                    ++i_;
+                    quoted(char(at(i_)), false);
+                } else {
+                    attribute();
+                    out_.push_back(upper(s_.substr(from, i_ - from)));
+                    statementStart = lineStart = false;
+                    continue;
+                }
+            } else if (c >= '0' && c <= '9') {
+                number();
+            } else if (c == '.') {
+                if (at(i_ + 1) >= '0' && at(i_ + 1) <= '9') number();
+                else i_ += at(i_ + 1) == '.' ? 2 : 1;
+            } else if (c == '%' && attributeLength(i_) > 0) {
+                attribute();
+            } else if (c == ':' && (word(at(i_ + 1)) || at(i_ + 1) == '\'' || at(i_ + 1) == '"')) {
+                ++i_;
+                if (at(i_) == '\'' || at(i_) == '"') quoted(char(at(i_)), false);
+                else while (word(at(i_))) ++i_;
+            } else if ((c == '&' || c == '@') && !(i_ > 0 && (word(at(i_ - 1)) || at(i_ - 1) == ')' || at(i_ - 1) == '"' || at(i_ - 1) == '`')) &&
+                       (wordStart(at(i_ + 1)) || (at(i_ + 1) == c && wordStart(at(i_ + 2))))) {
+                i_ += at(i_ + 1) == c ? 2 : 1;
+                while (word(at(i_))) ++i_;
+            } else if (op(c)) {
+                ++i_;
+                while (op(at(i_)) && !(at(i_) == '-' && at(i_ + 1) == '-') && !(at(i_) == '/' && at(i_ + 1) == '*') &&
+                       !(at(i_) == ':' && at(i_ - 1) != ':' && word(at(i_ + 1))))
+                    ++i_;
+            } else {
+                ++i_;
+                ends = c == ';';
+            }
+            std::string_view lexeme = s_.substr(from, i_ - from);
+            if (comment || ends)
+                while (lexeme.size() > 1 && (lexeme.back() == ' ' || lexeme.back() == '\t' || lexeme.back() == '\f' || lexeme.back() == '\v'))
+                    lexeme.remove_suffix(1);
+            out_.emplace_back(lexeme);
+            statementStart = ends || (statementStart && comment);
+            lineStart = false;
+        }
+        return std::move(out_);
+    }
+
+private:
+    unsigned char at(std::size_t k) const { return k < s_.size() ? static_cast<unsigned char>(s_[k]) : 0; }
+    void toLineEnd() {
+        while (i_ < s_.size() && s_[i_] != '\n' && s_[i_] != '\r') ++i_;
+    }
+    void quoted(char q, bool backslash) {
+        for (++i_; i_ < s_.size(); ++i_) {
+            if (backslash && s_[i_] == '\\') {
+                ++i_;
+            } else if (s_[i_] == q) {
+                if (at(i_ + 1) != static_cast<unsigned char>(q)) {
+                    ++i_;
+                    return;
+                }
+                ++i_;
+            }
+        }
+        i_ = s_.size();
+    }
+    void alternative() {
+        const char open = char(at(i_ + 1));
+        const char close = open == '[' ? ']' : open == '(' ? ')' : open == '{' ? '}' : open == '<' ? '>' : open;
+        for (std::size_t k = i_ + 2; k + 1 < s_.size(); ++k)
+            if (s_[k] == close && s_[k + 1] == '\'') {
+                i_ = k + 2;
+                return;
+            }
+        i_ = s_.size();
+    }
+    std::size_t tagLength() const {
+        std::size_t k = i_ + 1;
+        if (wordStart(at(k)))
+            while (word(at(k)) && at(k) != '$') ++k;
+        return at(k) == '$' ? k + 1 - i_ : 0;
+    }
+    std::size_t attributeLength(std::size_t k) const {
+        if (at(k) != '%') return 0;
+        std::size_t e = k + 1;
+        while (word(at(e))) ++e;
+        const std::string a = upper(s_.substr(k + 1, e - k - 1));
+        for (const char* known : {"TYPE", "ROWTYPE", "FOUND", "NOTFOUND", "ISOPEN", "ROWCOUNT", "BULK_ROWCOUNT",
+                                  "BULK_EXCEPTIONS", "CHARSET"})
+            if (a == known) return e - k;
+        return 0;
+    }
+    void attribute() { i_ += attributeLength(i_); }
+    void number() {
+        bool dot = false, exponent = false;
+        if (at(i_) == '.') dot = true, ++i_;
+        while (i_ < s_.size()) {
+            const unsigned char c = at(i_);
+            if (c == '.' && !dot && !exponent && at(i_ + 1) != '.') dot = true, ++i_;
+            else if ((c == 'e' || c == 'E') && !exponent &&
+                     (digit(at(i_ + 1)) || ((at(i_ + 1) == '+' || at(i_ + 1) == '-') && digit(at(i_ + 2)))))
+                exponent = true, i_ += 2;
+            else if (word(c)) ++i_;
+            else break;
+        }
+    }
+    // "/" alone on a line runs what came before it.
+    bool runLine(bool lineStart) const {
+        if (at(i_) != '/' || !lineStart) return false;
+        std::size_t k = i_ + 1;
+        while (at(k) == ' ' || at(k) == '\t') ++k;
+        return k >= s_.size() || at(k) == '\n' || at(k) == '\r';
+    }
+    // @script and the client's own commands at the start of a statement.
+    bool clientLine() const {
+        if (at(i_) == '@') return true;
+        std::size_t e = i_;
+        while (word(at(e))) ++e;
+        if (e < s_.size() && !space(at(e))) return false;
+        const std::string w = upper(s_.substr(i_, e - i_));
+        for (const char* command : {"PROMPT", "REM", "REMARK", "SPOOL", "WHENEVER", "DEFINE", "UNDEFINE", "DELIMITER",
+                                    "ACCEPT", "PAUSE"})
+            if (w == command) return true;
+        std::size_t k = e;
+        while (at(k) == ' ' || at(k) == '\t') ++k;
+        std::size_t next = k;
+        while (word(at(next))) ++next;
+        const std::string second = upper(s_.substr(k, next - k));
+        if (w == "GO") {  // GO, GO 5
+            while (digit(at(k))) ++k;
+            while (at(k) == ' ' || at(k) == '\t') ++k;
+            return k >= s_.size() || at(k) == '\n' || at(k) == '\r';
+        }
+        if (w == "SHOW" || w == "SHO") return second == "ERRORS" || second == "ERR";
+        if (w != "SET") return false;
+        for (const char* setting :
+             {"SERVEROUTPUT", "SERVEROUT", "DEFINE", "ECHO", "FEEDBACK", "FEED", "HEADING", "HEAD", "LINESIZE", "LINES",
+              "PAGESIZE", "PAGES", "VERIFY", "VER", "TERMOUT", "TERM", "TIMING", "TIMI", "SQLBLANKLINES", "SQLBL",
+              "TRIMSPOOL", "TRIMS", "TRIMOUT", "TRIMO", "LONG", "ARRAYSIZE", "AUTOCOMMIT", "AUTO", "SCAN", "COLSEP",
+              "NEWPAGE", "ESCAPE", "TAB", "WRAP", "SQLPROMPT", "SQLTERMINATOR", "CONCAT", "NUMWIDTH", "UNDERLINE"})
+            if (second == setting) return true;
+        return false;
+    }
+
+    // DELIMITER x: x ends statements from here on (a ';' behind it ends the command itself).
+    void chooseDelimiter(std::string_view line) {
+        if (upper(line.substr(0, 10)) != "DELIMITER ") return;
+        line.remove_prefix(10);
+        while (!line.empty() && space(static_cast<unsigned char>(line.front()))) line.remove_prefix(1);
+        std::size_t e = 0;
+        while (e < line.size() && !space(static_cast<unsigned char>(line[e]))) ++e;
+        std::string d(line.substr(0, e));
+        if (d.size() > 1 && d.back() == ';') d.pop_back();
+        delimiter_ = d == ";" ? "" : d;
+    }
+
+    std::string_view s_;
+    std::string delimiter_;
+    std::size_t i_ = 0;
+    std::vector<std::string> out_;
+};
+
+inline std::vector<std::string> lexemes(std::string_view text) { return Lexer(text).run(); }
+}  // namespace sqllex
