@@ -1,9 +1,10 @@
 #include "BindScanner.h"
+#include "SQLCharClass.h"
 #include "Utf8.h"
 
 namespace {
 
-bool isBlank(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+using sqlchar::isBlank;
 
 bool isAsciiAlnum(unsigned char c) {
     const unsigned char lower = c | 0x20;

@@ -1,4 +1,5 @@
 #include "CKTSQLEditWnd.h"
+#include "SQLCharClass.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -222,7 +223,7 @@ bool CKTSQLEditWnd::SelectCodeLanguage(const char* storedName) {
 }
 
 namespace {
-bool isBlank(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+using sqlchar::isBlank;
 
 // A character that starts a request: ASCII letters and digits and _ . # $ @.
 bool startsRequest(int ch) {
