@@ -26,7 +26,6 @@ set(QUILLBOX_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/engine/ScintillaConstants.h
   ${PROJECT_SOURCE_DIR}/engine/Indicators.h
   ${PROJECT_SOURCE_DIR}/engine/EngineTypes.h
-  ${PROJECT_SOURCE_DIR}/engine/QuillEngine.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTRegistry.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtilTrace.h
   ${PROJECT_SOURCE_DIR}/kits/basekit/CKTUtil.h

@@ -17,7 +17,6 @@
 #include "Controls.h"
 #include "ScintillaConstants.h"
 #include "EngineTypes.h"
-#include "QuillEngine.h"
 #include "CKTRegistry.h"
 #include "CKTUtilTrace.h"
 #include "CKTUtil.h"
