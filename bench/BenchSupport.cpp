@@ -1,6 +1,7 @@
 #include "BenchSupport.h"
 
 #include <QApplication>
+#include <sqlite3.h>
 #include <benchmark/benchmark.h>
 #include <cstdlib>
 
@@ -21,6 +22,26 @@ std::string GenerateSqlScript(size_t bytes) {
     for (size_t i = 0; out.size() < bytes; ++i) out += kStatements[i % std::size(kStatements)];
     out.resize(bytes);
     return out;
+}
+
+QString WriteCompletionCatalog(const QString& folder) {
+    const QString path = folder + "/catalog.sqlite";
+    sqlite3* db = nullptr;
+    sqlite3_open(path.toUtf8().constData(), &db);
+    std::string sql =
+        "begin;create table orders(id integer, customer_id integer, created_at text);"
+        "create table order_lines(order_id integer, amount numeric);"
+        "create table customers(id integer, status text, last_seen text);"
+        "create table audit_log(event text, payload text);create table sessions(expires_at text);";
+    for (int t = 0; t < 1000; ++t) {
+        sql += "create table table_" + std::to_string(t) + "(";
+        for (int c = 0; c < 50; ++c) sql += (c ? "," : "") + std::string("column_") + std::to_string(c) + " text";
+        sql += ");";
+    }
+    sql += "commit;";
+    sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr);
+    sqlite3_close(db);
+    return path;
 }
 
 EditorOnFrame::EditorOnFrame(int keyWordUsingPreCreate, bool initialise) {

@@ -3,6 +3,8 @@
 // window for comparison, and a library editor window on a frame.
 #include <Qsci/qsciscintillabase.h>
 
+#include <QString>
+
 #include <chrono>
 #include <memory>
 #include <string>
@@ -11,6 +13,10 @@
 
 // A script of about `bytes` bytes of varied SQL statements, lines ended by LF.
 std::string GenerateSqlScript(size_t bytes);
+
+// A SQLite catalog file in `folder`: the tables of the generated script and 1,000 tables
+// table_0.. of 50 columns column_0.. each. Returns its path.
+QString WriteCompletionCatalog(const QString& folder);
 
 // Milliseconds a callable takes.
 template <typename F>

@@ -6,7 +6,6 @@
 // plain QScintilla, and the longest single pass of the event loop ("stall": the longest
 // time the window could not answer).
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 #include <Qsci/qsciscintilla.h>
 #include <Qsci/qscilexersql.h>
@@ -91,31 +90,10 @@ struct Samples {
 
 QWidget* viewportOf(QWidget* engine) { return static_cast<QAbstractScrollArea*>(engine)->viewport(); }
 
-// A catalog with the tables of the generated script and 1,000 more tables of 50 columns.
-QString makeCatalog(const QTemporaryDir& dir) {
-    const QString path = dir.filePath("catalog.sqlite");
-    sqlite3* db = nullptr;
-    sqlite3_open(path.toUtf8().constData(), &db);
-    std::string sql =
-        "begin;create table orders(id integer, customer_id integer, created_at text);"
-        "create table order_lines(order_id integer, amount numeric);"
-        "create table customers(id integer, status text, last_seen text);"
-        "create table audit_log(event text, payload text);create table sessions(expires_at text);";
-    for (int t = 0; t < 1000; ++t) {
-        sql += "create table table_" + std::to_string(t) + "(";
-        for (int c = 0; c < 50; ++c) sql += (c ? "," : "") + std::string("column_") + std::to_string(c) + " text";
-        sql += ");";
-    }
-    sql += "commit;";
-    sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr);
-    sqlite3_close(db);
-    return path;
-}
-
 // The library's SQL window on a shown main window that hands out a completion manager.
 struct SqlWindow {
     QTemporaryDir dir;
-    SqliteNamekitMgr catalog{CString::fromQString(makeCatalog(dir))};
+    SqliteNamekitMgr catalog{CString::fromQString(WriteCompletionCatalog(dir.path()))};
     CNamekitMainWnd main;
     CKTSQLEditWnd window;
     std::unique_ptr<PaintCounter> paints;
