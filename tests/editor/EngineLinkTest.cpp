@@ -62,10 +62,7 @@ TEST_F(EditorTest, TypedCharactersCarryTheirUtf8Bytes) {
 TEST_F(EditorTest, AnEditCostsTheSameInASmallAndALargeDocument) {
     // Engine messages and copied bytes of one character typed at the end of a document.
     auto costOfTyping = [&](size_t documentBytes) {
-        std::string content;
-        content.reserve(documentBytes);
-        while (content.size() < documentBytes) content += "select col_a, col_b from some_table where id = 42;\n";
-        editor->SetText(CString(std::move(content)), 0);
+        editor->SetText(CString(RepeatedLines("select col_a, col_b from some_table where id = 42;\n", documentBytes)), 0);
         send(SCI_DOCUMENTEND);
         editor->engine()->resetCounters();
         QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_X);
@@ -143,12 +140,7 @@ struct ListeningAssistiveTechnology {
 
 // A document of about `bytes` bytes whose lines hold characters of one, two, three and four
 // UTF-8 bytes (the last two UTF-16 units), so that bytes, characters and offsets all differ.
-std::string mixedDocument(size_t bytes) {
-    std::string content;
-    content.reserve(bytes + 64);
-    while (content.size() < bytes) content += "select '한글 \xF0\x9F\x98\x80 é' from t;\n";
-    return content;
-}
+std::string mixedDocument(size_t bytes) { return RepeatedLines("select '한글 \xF0\x9F\x98\x80 é' from t;\n", bytes); }
 }  // namespace
 
 TEST_F(EditorTest, AssistiveTechnologyHearsOffsetsThatCostTheSameInAnyDocument) {
@@ -230,10 +222,7 @@ TEST_F(EditorTest, AJumpFarAheadIsColouredBeforeItShowsOnlyWhenThatIsQuick) {
     editor->keyWordUsingPreCreate = 1;
     editor->initScintilla();
     auto jumpToEnd = [&](size_t bytes) {
-        std::string content;
-        content.reserve(bytes + 64);
-        while (content.size() < bytes) content += "select col_a from some_table where id = 42;\n";
-        content += "select 1;";
+        std::string content = RepeatedLines("select col_a from some_table where id = 42;\n", bytes) + "select 1;";
         editor->SetText(CString(std::move(content)), 0);
         editor->GetSafeHwnd()->grab();  // the top shows, coloured
         QTest::keyClick(editor->GetSafeHwnd(), Qt::Key_End, Qt::ControlModifier);

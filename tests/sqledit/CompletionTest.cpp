@@ -169,10 +169,8 @@ TEST_F(CompletionTest, ACompletionKeyCostsTheSameAtTheEndOfAnyScript) {
     // The engine work of one completing key at the end of a script of 1 MB and of 8 MB, with
     // and without assistive technology listening.
     auto costOfKey = [&](size_t bytes) {
-        std::string script;
-        script.reserve(bytes + 64);
-        while (script.size() < bytes) script += "select o.id, o.total\n  from orders o\n where o.id = 42;\n";
-        script += "select * from orders t where t.";
+        std::string script = RepeatedLines("select o.id, o.total\n  from orders o\n where o.id = 42;\n", bytes) +
+                             "select * from orders t where t.";
         window->SetText(CString(std::move(script)), 0);
         send(SCI_DOCUMENTEND);
         // The window shows the end once it is coloured up to there; then the key is typed.

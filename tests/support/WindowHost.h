@@ -6,6 +6,8 @@
 
 #include <QApplication>
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "CWnd.h"
 
@@ -35,3 +37,12 @@ protected:
     std::unique_ptr<Frame> frame;
     std::unique_ptr<W> window;
 };
+
+// `line` repeated until the text holds at least `bytes` bytes: a large document for tests that
+// compare a small and a large one.
+inline std::string RepeatedLines(std::string_view line, size_t bytes) {
+    std::string text;
+    text.reserve(bytes + line.size());
+    while (text.size() < bytes) text += line;
+    return text;
+}
