@@ -87,7 +87,6 @@ void QuillEngine::unregisterWindowClass() { UnregisterWindowClass("Scintilla"); 
 long QuillEngine::send(UINT message, WPARAM wParam, LPARAM lParam) {
     // A change left pending by a caller that reached the engine directly completes first.
     if (pending_.active) flushPendingChange();
-    followAssistiveTechnology();
     long result;
     switch (message) {
         case SCI_DELETERANGE_EXT: result = deleteRange(long(wParam), long(lParam)); break;

@@ -71,7 +71,9 @@ private:
     long changeCase(WPARAM mode);
     void setModEventMask(long mask);
     // Asks the engine for the changes assistive technology needs when it starts or stops
-    // listening.
+    // listening. Checked at each Qt event of the window rather than at each message: the
+    // check is off the path of a loop of edits, and an assistive technology comes and goes
+    // through events.
     void followAssistiveTechnology();
 
     void connectSignals();
