@@ -1,5 +1,6 @@
 #include "QuillEngine.h"
 
+#include <QBackingStore>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -70,6 +71,9 @@ QuillEngine::QuillEngine(CWnd* owner, QWidget* parent)
     // large document shows at once and is coloured moments later; nothing beyond the view
     // is coloured before it is needed.
     direct(SCI_SETIDLESTYLING, SC_IDLESTYLING_TOVISIBLE);
+    // The engine paints every pixel of its view, so Qt need not clear it first; a paint that
+    // keeps the last frame (lastFrameStillShows) then leaves the picture as it was.
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     EngineAccessible::install();
     connectSignals();
 }
@@ -85,6 +89,7 @@ bool QuillEngine::registerWindowClass() {
 void QuillEngine::unregisterWindowClass() { UnregisterWindowClass("Scintilla"); }
 
 long QuillEngine::send(UINT message, WPARAM wParam, LPARAM lParam) {
+    ++viewEpoch_;
     // A change left pending by a caller that reached the engine directly completes first.
     if (pending_.active) flushPendingChange();
     long result;
@@ -360,6 +365,7 @@ void QuillEngine::followAssistiveTechnology() {
 
 bool QuillEngine::event(QEvent* e) {
     followAssistiveTechnology();
+    if (e->type() != QEvent::Paint) ++viewEpoch_;
     if (e->type() == QEvent::ShortcutOverride && owner_) {
         // A key the window translates itself must reach it before any shortcut of the host.
         MSG msg = keyMessage(this, static_cast<QKeyEvent*>(e));
@@ -412,9 +418,51 @@ void QuillEngine::focusInEvent(QFocusEvent* e) {
     if (owner_) owner_->SendMessage(WM_SETFOCUS, 0, 0);
 }
 
+// Mouse, wheel and resize reach the engine through its viewport.
+bool QuillEngine::viewportEvent(QEvent* e) {
+    if (e->type() != QEvent::Paint) ++viewEpoch_;
+    return QsciScintillaBase::viewportEvent(e);
+}
+
 void QuillEngine::paintEvent(QPaintEvent* e) {
     colourWhatShows();
+    if (lastFrameStillShows(*e)) {
+        ++counters_.framesKept;
+        return;
+    }
     QsciScintillaBase::paintEvent(e);
+    if (paintsToScreen()) rememberFrame();
+}
+
+// A paint for the screen goes to the top-level window's backing store; grab() and render()
+// redirect the viewport to their own pixmap or image, which must always be painted whole.
+bool QuillEngine::paintsToScreen() const {
+    QBackingStore* store = viewport()->backingStore();
+    if (!store) return false;
+    // QWidget::redirected is protected; naming it through this class lets the engine ask it of
+    // its viewport.
+    QPaintDevice* (QWidget::*redirectedOf)(QPoint*) const = &QuillEngine::redirected;
+    QPoint offset;
+    return (viewport()->*redirectedOf)(&offset) == store->paintDevice();
+}
+
+void QuillEngine::rememberFrame() {
+    lastFrame_ = {viewEpoch_, ask(SCI_GETFIRSTVISIBLELINE), ask(SCI_GETXOFFSET), viewport()->size(),
+                  viewport()->backingStore()->size()};
+}
+
+bool QuillEngine::lastFrameStillShows(const QPaintEvent& e) {
+    if (!e.rect().contains(viewport()->rect()) || !paintsToScreen()) return false;
+    // A translucent window's backing store is cleared before each paint; wrapping can move
+    // lines in the view while colouring runs above it.
+    if (window()->testAttribute(Qt::WA_TranslucentBackground) || ask(SCI_GETWRAPMODE) != SC_WRAP_NONE)
+        return false;
+    const long firstLine = ask(SCI_GETFIRSTVISIBLELINE);
+    const Frame now{viewEpoch_, firstLine, ask(SCI_GETXOFFSET), viewport()->size(),
+                    viewport()->backingStore()->size()};
+    if (!(now == lastFrame_)) return false;
+    // The same picture only while all colouring still happens above the first line shown.
+    return ask(SCI_GETENDSTYLED) < ask(SCI_POSITIONFROMLINE, WPARAM(ask(SCI_DOCLINEFROMVISIBLE, WPARAM(firstLine))));
 }
 
 void QuillEngine::colourWhatShows() {

@@ -32,6 +32,7 @@ public:
         std::uint64_t bytesCopied = 0;   // bytes the link copied for notifications
         std::uint64_t notifications = 0; // records delivered to the owner
         std::uint64_t bytesCounted = 0;  // bytes walked to turn positions into character offsets
+        std::uint64_t framesKept = 0;    // whole repaints the screen skipped, its picture unchanged
     };
     const Counters& counters() const { return counters_; }
     void resetCounters() { counters_ = Counters{}; }
@@ -47,6 +48,7 @@ protected:
     void focusInEvent(QFocusEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
     void paintEvent(QPaintEvent* e) override;
+    bool viewportEvent(QEvent* e) override;
     void contextMenuEvent(QContextMenuEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dragMoveEvent(QDragMoveEvent* e) override;
@@ -64,6 +66,11 @@ private:
     long direct(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         ++counters_.messages;
         return long(directFunction_(directPointer_, message, wParam, lParam));
+    }
+    // A question about the view asked while painting. Not counted: each costs the same in any
+    // document, and how many are asked depends on how far colouring has come.
+    long ask(UINT message, WPARAM wParam = 0) const {
+        return long(directFunction_(directPointer_, message, wParam, 0));
     }
     long deleteRange(long start, long end);
     long showList(WPARAM typed, const char* list);
@@ -85,6 +92,12 @@ private:
     // Colours the text about to be painted when that is quick (at most kSyncColouringSeconds
     // by the rate measured so far); more is left to the engine's idle slices.
     void colourWhatShows();
+    // While colouring runs in the text above the view, each of the engine's idle slices asks
+    // for a whole repaint that would draw the same picture again. The screen keeps the last
+    // frame instead when nothing that shows has changed since it was painted.
+    bool lastFrameStillShows(const QPaintEvent& e);
+    void rememberFrame();
+    bool paintsToScreen() const;
     bool carriesPrivateDrop(const QMimeData* data) const;
 
     CWnd* owner_;
@@ -103,6 +116,17 @@ private:
     std::string listText_;
     long listTyped_ = 0;
     long listItems_ = 0;
+
+    // What the last frame painted for the screen showed. The epoch moves with every message,
+    // input or other Qt event that could change what shows; idle colouring sends none.
+    struct Frame {
+        std::uint64_t epoch = 0;
+        long firstLine = -1, xOffset = 0;
+        QSize view, store;
+        bool operator==(const Frame&) const = default;
+    };
+    std::uint64_t viewEpoch_ = 1;
+    Frame lastFrame_;
 
     double colouringBytesPerSecond_ = 20e6;  // a cautious start, corrected by each measurement
     long hostMask_;

@@ -7,4 +7,5 @@ quillbox_unit_test(test_editor
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/DropTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/FileOperationsTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/editor/CompletionListTest.cpp
-          ${CMAKE_CURRENT_SOURCE_DIR}/editor/EngineLinkTest.cpp)
+          ${CMAKE_CURRENT_SOURCE_DIR}/editor/EngineLinkTest.cpp
+          ${CMAKE_CURRENT_SOURCE_DIR}/editor/EnginePaintTest.cpp)
