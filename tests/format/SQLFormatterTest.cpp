@@ -59,7 +59,7 @@ std::string readFile(const fs::path& path) {
 
 // The first lexeme where two texts part, for the failure message.
 std::string firstDifference(const std::string& a, const std::string& b) {
-    const auto x = sqllex::lexemes(a), y = sqllex::lexemes(b);
+    const auto x = sqlref::lexemes(a), y = sqlref::lexemes(b);
     for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i)
         if (x[i] != y[i]) return "lexeme " + std::to_string(i) + ": [" + x[i] + "] became [" + y[i] + "]";
     return x.size() == y.size() ? "" : "lexeme count " + std::to_string(x.size()) + " became " + std::to_string(y.size());

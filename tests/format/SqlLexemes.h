@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace sqllex {
+namespace sqlref {
 inline bool letter(unsigned char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 inline bool digit(unsigned char c) { return c >= '0' && c <= '9'; }
 inline bool word(unsigned char c) { return letter(c) || digit(c) || c == '_' || c == '$' || c == '#' || c >= 0x80; }
@@ -235,4 +235,4 @@ private:
 };
 
 inline std::vector<std::string> lexemes(std::string_view text) { return Lexer(text).run(); }
-}  // namespace sqllex
+}  // namespace sqlref
