@@ -135,7 +135,9 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
     const std::size_t n = text.size();
     std::size_t i = 0;
     bool lineStart = true, statementStart = true;
-    std::string delimiter;  // a delimiter other than ';' chosen by a DELIMITER line
+    // A delimiter other than ';' chosen by a DELIMITER line, in upper case: it matches in any
+    // letter case, so that changing the case of keywords never makes or unmakes a delimiter.
+    std::string delimiter;
     auto at = [&](std::size_t k) -> unsigned char { return k < n ? static_cast<unsigned char>(text[k]) : 0; };
     auto skip = [&](sqllex::Run run) {  // moves behind a literal or comment; whether it closed
         i = run.end;
@@ -155,7 +157,7 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
                                                 at(start - 1) == '"' || at(start - 1) == '`');
         Kind kind = Kind::Operator;
         bool terminated = true;
-        if (!delimiter.empty() && text.substr(i, delimiter.size()) == delimiter) {
+        if (!delimiter.empty() && equalsUpper(text.substr(i, delimiter.size()), delimiter)) {
             kind = Kind::Semicolon;  // first: it ends statements even where it looks like something else
             i += delimiter.size();
         } else if (c == '\\' || (c == '/' && lineStart && atLineEnd(text, i + 1)) ||
@@ -170,6 +172,7 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
                 // "DELIMITER $$;" in test scripts: the ';' ends the command itself.
                 if (to - from > 1 && text[to - 1] == ';') --to;
                 delimiter = text.substr(from, to - from) == ";" ? "" : std::string(text.substr(from, to - from));
+                for (char& d : delimiter) d = toUpper(d);
             }
         } else if (sqllex::startsLineComment(text, i) || (c == '#' && (i + 1 >= n || isBlank(at(i + 1)) || at(i + 1) == '#'))) {
             // "-- ..." and MySQL's "# ...": to the end of the line, which a lone CR ends too,
