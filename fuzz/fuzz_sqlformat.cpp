@@ -15,14 +15,14 @@ int reservedWord(const char* word, int length) {
     static const std::string_view words[] = {"SELECT", "FROM", "WHERE", "AND", "OR", "IN", "AS", "ON", "NOT",
                                              "CASE", "END", "BEGIN", "IF", "LOOP", "DECLARE", "VARCHAR", "PLAN"};
     for (std::string_view w : words)
-        if (std::size_t(length) == w.size() && sqllex::upper(std::string_view(word, w.size())) == w) return 1;
+        if (std::size_t(length) == w.size() && sqlref::upper(std::string_view(word, w.size())) == w) return 1;
     return 0;
 }
 
 int functionName(const char* word, int length) {
     static const std::string_view words[] = {"COUNT", "NVL", "MAX", "SUBSTR", "REPLACE"};
     for (std::string_view w : words)
-        if (std::size_t(length) == w.size() && sqllex::upper(std::string_view(word, w.size())) == w) return 1;
+        if (std::size_t(length) == w.size() && sqlref::upper(std::string_view(word, w.size())) == w) return 1;
     return 0;
 }
 }  // namespace
@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     formatter.isKeywordFunc = reservedWord;
     formatter.isListKeywordFunc = functionName;
     const CString once = formatter.Format(CString(text), align, commaFirst, keywordCase, multiline, layout, width);
-    if (sqllex::lexemes(text) != sqllex::lexemes(once.view())) __builtin_trap();
+    if (sqlref::lexemes(text) != sqlref::lexemes(once.view())) __builtin_trap();
 
     const CString twice = formatter.Format(once, align, commaFirst, keywordCase, multiline, layout, width);
     if (!(twice == once)) __builtin_trap();

@@ -1,15 +1,13 @@
 #include "BindScanner.h"
 #include "SQLCharClass.h"
+#include "SQLLexer.h"
 #include "Utf8.h"
 
 namespace {
 
 using sqlchar::isBlank;
 
-bool isAsciiAlnum(unsigned char c) {
-    const unsigned char lower = c | 0x20;
-    return (c >= '0' && c <= '9') || (lower >= 'a' && lower <= 'z');
-}
+bool isAsciiAlnum(unsigned char c) { return sqlchar::isAlpha(c) || sqlchar::isDigit(c); }
 
 // Length of the well-formed UTF-8 sequence that starts s[i], 2 to 4; 1 for an ASCII byte and
 // for a byte that starts no complete, well-formed sequence before the end of `s`.
@@ -19,30 +17,30 @@ int utf8Length(std::string_view s, size_t i) {
 }
 
 // Index of the first byte at or after `from`, outside literals and comments, for which `hit`
-// holds; -1 when there is none or a literal or comment runs into the end of the text.
+// holds; -1 when there is none or a literal or comment runs into the end of the text. Unlike
+// the formatter, these scanners know '...' and "..." as their only literals, with no backslash
+// escape (reading a doubled quote as one skips the same bytes as closing and reopening), no
+// q-quotes and no dollar quotes, and a line comment ends at LF alone.
 template <class Hit>
 int walk(std::string_view s, int from, Hit hit) {
     const size_t n = s.size();
     for (size_t i = size_t(from); i < n;) {
         const char c = s[i];
-        const bool pair = i + 1 < n;
-        size_t close;
-        size_t closeLength = 1;
+        sqllex::Run run;
         if (c == '\'' || c == '"') {
-            close = s.find(c, i + 1);
-        } else if (c == '-' && pair && s[i + 1] == '-') {
-            close = s.find('\n', i + 2);
-        } else if (c == '/' && pair && s[i + 1] == '*') {
-            close = s.find("*/", i + 2);
-            closeLength = 2;
+            run = sqllex::skipQuoted(s, i, c);
+        } else if (sqllex::startsLineComment(s, i)) {
+            run = sqllex::skipLineComment(s, i);
+        } else if (sqllex::startsBlockComment(s, i)) {
+            run = sqllex::skipBlockComment(s, i);
         } else if (hit(i)) {
             return int(i);
         } else {
             ++i;
             continue;
         }
-        if (close == std::string_view::npos) return -1;
-        i = close + closeLength;
+        if (!run.closed) return -1;
+        i = run.end;
     }
     return -1;
 }

@@ -6,9 +6,11 @@
 #include <string_view>
 #include <utility>
 
+#include "SQLCharClass.h"
+
 namespace {
 
-bool isSpace(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+using sqlchar::isBlank;
 
 // Length of the terminator at the end of `line`: 2 for CR LF, 1 for LF or CR, else 0.
 int terminatorLength(std::string_view line) {
@@ -64,7 +66,7 @@ Boundary scanForward(std::string_view text, bool& armed) {
     for (size_t i = 0; i < text.size(); ++i) {
         const unsigned char c = static_cast<unsigned char>(text[i]);
         if (c == ';') return {true, i, i + 1};
-        if (isSpace(c)) {
+        if (isBlank(c)) {
             if (inWord && testWord(text, wordStart, i, armed, true)) return {true, wordStart, i};
             inWord = false;
         } else if (!inWord) {
@@ -83,7 +85,7 @@ Boundary scanBackward(std::string_view text, bool& armed) {
     for (size_t i = text.size(); i-- > 0;) {
         const unsigned char c = static_cast<unsigned char>(text[i]);
         if (c == ';') return {true, i, i + 1};
-        if (isSpace(c)) {
+        if (isBlank(c)) {
             if (inWord && testWord(text, i + 1, wordEnd, armed, false)) return {true, i + 1, wordEnd};
             inWord = false;
         } else if (!inWord) {
@@ -99,7 +101,7 @@ Boundary scanBackward(std::string_view text, bool& armed) {
 std::string normaliseFront(std::string_view kept) {
     if (kept.empty() || kept.front() != ' ') return std::string(kept);
     size_t first = 0;
-    while (first < kept.size() && isSpace(static_cast<unsigned char>(kept[first]))) ++first;
+    while (first < kept.size() && isBlank(static_cast<unsigned char>(kept[first]))) ++first;
     if (first == kept.size()) return std::string();
     std::string out(1, ' ');
     out.append(kept.substr(first));
@@ -181,7 +183,7 @@ namespace {
 // Blank bytes at the start of `text`.
 size_t leadingBlanks(std::string_view text) {
     size_t n = 0;
-    while (n < text.size() && isSpace(static_cast<unsigned char>(text[n]))) ++n;
+    while (n < text.size() && isBlank(static_cast<unsigned char>(text[n]))) ++n;
     return n;
 }
 
@@ -237,6 +239,10 @@ CString currentQuery(const StatementSource& source, StatementExtractor::Extent* 
         spanFound = true;
     };
 
+    // Unlike the other scanners of SQL text, this one skips no literal and no block comment:
+    // it runs on every keystroke over text that is half typed, where an open quote would hide
+    // the rest of the script. A "--" is found by a plain search, inside a literal too.
+
     // Backward pass: from the caret towards line 0.
     for (int line = caretLine; line >= 0 && budget >= 0; --line, --budget) {
         CString piece = line == caretLine ? CString(caretView.substr(0, caretColumn))
@@ -277,7 +283,7 @@ CString currentQuery(const StatementSource& source, StatementExtractor::Extent* 
         CString firstText = source.LineWithEnd(firstLine);
         while (spanFound) {
             const std::string_view text = firstText.view();
-            while (firstColumn < text.size() && isSpace(static_cast<unsigned char>(text[firstColumn]))) ++firstColumn;
+            while (firstColumn < text.size() && isBlank(static_cast<unsigned char>(text[firstColumn]))) ++firstColumn;
             if (firstLine == lastLine && firstColumn >= endColumn) spanFound = false;
             else if (firstColumn < text.size()) break;
             else if (firstLine < lastLine) firstText = source.LineWithEnd(++firstLine), firstColumn = 0;
@@ -287,7 +293,7 @@ CString currentQuery(const StatementSource& source, StatementExtractor::Extent* 
         while (spanFound) {
             const std::string_view text = lastText.view();
             endColumn = std::min(endColumn, text.size());
-            while (endColumn > 0 && isSpace(static_cast<unsigned char>(text[endColumn - 1]))) --endColumn;
+            while (endColumn > 0 && isBlank(static_cast<unsigned char>(text[endColumn - 1]))) --endColumn;
             if (firstLine == lastLine && endColumn <= firstColumn) spanFound = false;
             else if (endColumn > 0) break;
             else if (lastLine > firstLine) lastText = source.LineWithEnd(--lastLine), endColumn = lastText.view().size();

@@ -4,7 +4,7 @@ quillbox_unit_test(test_format
   LIBS quillbox
   SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/format/SQLFormatterTest.cpp
           ${CMAKE_CURRENT_SOURCE_DIR}/format/FormatCommandTest.cpp)
-target_compile_definitions(test_format PRIVATE QUILLBOX_FORMAT_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data/format")
+target_compile_definitions(test_format PRIVATE QUILLBOX_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data")
 
 # quillbox format writes the layout to standard output, with its options from the command line.
 add_test(NAME format_command

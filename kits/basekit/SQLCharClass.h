@@ -1,9 +1,10 @@
 #pragma once
-// Byte classes shared by the SQL formatter's tokenizer and its layout.
+// Byte classes of SQL text, shared by the formatter, the bind scanners, the completion's name
+// reading and the statement extraction. A byte of 0x80 or above is never blank.
 #include <string_view>
 
 namespace sqlchar {
-inline bool isBlank(unsigned char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v'; }
+constexpr bool isBlank(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 inline bool isDigit(unsigned char c) { return c >= '0' && c <= '9'; }
 inline bool isAlpha(unsigned char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 // Bytes from 0x80 belong to words, so a UTF-8 sequence is never cut.

@@ -5,67 +5,13 @@
 
 #include "CSQLFormatter.h"
 #include "SQLCharClass.h"
+#include "SQLLexer.h"
 
 using namespace sqlchar;
 
 namespace {
 using Kind = CSQLFormatter::TokenKind;
 using Token = CSQLFormatter::Token;
-
-// Scans a quoted run from the opening quote at `i`; a doubled quote stands for itself, and
-// with `backslash` a backslash escapes the byte after it. Returns whether the closing quote
-// was found; `i` ends behind the run.
-bool scanQuoted(std::string_view text, std::size_t& i, char quote, bool backslash = false) {
-    const std::size_t n = text.size();
-    ++i;
-    while (i < n) {
-        if (backslash && text[i] == '\\') {
-            i += 2;
-            continue;
-        }
-        if (text[i] == quote) {
-            if (i + 1 < n && text[i + 1] == quote) {
-                i += 2;
-                continue;
-            }
-            ++i;
-            return true;
-        }
-        ++i;
-    }
-    i = n;
-    return false;
-}
-
-// Oracle's alternative quoting Q'<text>' with a bracket pair or any other delimiter byte.
-// `i` is at the quote; the delimiter follows it.
-bool scanAlternativeQuote(std::string_view text, std::size_t& i) {
-    const std::size_t n = text.size();
-    const char open = text[i + 1];
-    char close = open;
-    switch (open) {
-        case '[': close = ']'; break;
-        case '(': close = ')'; break;
-        case '{': close = '}'; break;
-        case '<': close = '>'; break;
-        default: break;
-    }
-    for (std::size_t p = i + 2; p + 1 < n; ++p)
-        if (text[p] == close && text[p + 1] == '\'') {
-            i = p + 2;
-            return true;
-        }
-    i = n;
-    return false;
-}
-
-// The length of a dollar-quote tag ($$ or $name$) at `i`, or 0 when none starts there.
-std::size_t dollarTag(std::string_view text, std::size_t i) {
-    std::size_t k = i + 1;
-    if (k < text.size() && isWordStart(static_cast<unsigned char>(text[k])))
-        while (k < text.size() && isWordByte(static_cast<unsigned char>(text[k])) && text[k] != '$') ++k;
-    return k < text.size() && text[k] == '$' ? k + 1 - i : 0;
-}
 
 void scanNumber(std::string_view text, std::size_t& i) {
     const std::size_t n = text.size();
@@ -189,8 +135,14 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
     const std::size_t n = text.size();
     std::size_t i = 0;
     bool lineStart = true, statementStart = true;
-    std::string delimiter;  // a delimiter other than ';' chosen by a DELIMITER line
+    // A delimiter other than ';' chosen by a DELIMITER line, in upper case: it matches in any
+    // letter case, so that changing the case of keywords never makes or unmakes a delimiter.
+    std::string delimiter;
     auto at = [&](std::size_t k) -> unsigned char { return k < n ? static_cast<unsigned char>(text[k]) : 0; };
+    auto skip = [&](sqllex::Run run) {  // moves behind a literal or comment; whether it closed
+        i = run.end;
+        return run.closed;
+    };
     std::size_t whitespaceFrom = 0;
     while (i < n) {
         const unsigned char c = at(i);
@@ -205,7 +157,7 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
                                                 at(start - 1) == '"' || at(start - 1) == '`');
         Kind kind = Kind::Operator;
         bool terminated = true;
-        if (!delimiter.empty() && text.substr(i, delimiter.size()) == delimiter) {
+        if (!delimiter.empty() && equalsUpper(text.substr(i, delimiter.size()), delimiter)) {
             kind = Kind::Semicolon;  // first: it ends statements even where it looks like something else
             i += delimiter.size();
         } else if (c == '\\' || (c == '/' && lineStart && atLineEnd(text, i + 1)) ||
@@ -220,28 +172,25 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
                 // "DELIMITER $$;" in test scripts: the ';' ends the command itself.
                 if (to - from > 1 && text[to - 1] == ';') --to;
                 delimiter = text.substr(from, to - from) == ";" ? "" : std::string(text.substr(from, to - from));
+                for (char& d : delimiter) d = toUpper(d);
             }
-        } else if ((c == '-' && at(i + 1) == '-') || (c == '#' && (i + 1 >= n || isBlank(at(i + 1)) || at(i + 1) == '#'))) {
-            // "-- ..." and MySQL's "# ...": to the end of the line.
+        } else if (sqllex::startsLineComment(text, i) || (c == '#' && (i + 1 >= n || isBlank(at(i + 1)) || at(i + 1) == '#'))) {
+            // "-- ..." and MySQL's "# ...": to the end of the line, which a lone CR ends too,
+            // without its line end and trailing blanks (the layout places line ends itself).
             kind = Kind::LineComment;
             i = trimEnd(text, start, lineEnd(text, i));
-        } else if (c == '/' && at(i + 1) == '*') {
+        } else if (sqllex::startsBlockComment(text, i)) {
             kind = Kind::BlockComment;
-            const std::size_t close = text.find("*/", i + 2);
-            terminated = close != std::string_view::npos;
-            i = terminated ? close + 2 : n;
+            terminated = skip(sqllex::skipBlockComment(text, i));
         } else if (c == '\'') {
             kind = Kind::String;
-            terminated = scanQuoted(text, i, '\'');
+            terminated = skip(sqllex::skipQuoted(text, i, '\''));
         } else if (c == '"' || c == '`') {
             kind = Kind::QuotedIdent;
-            terminated = scanQuoted(text, i, char(c));
-        } else if (c == '$' && dollarTag(text, i) > 0) {
+            terminated = skip(sqllex::skipQuoted(text, i, char(c)));
+        } else if (const std::size_t tag = c == '$' ? sqllex::dollarTagLength(text, i) : 0; tag > 0) {
             kind = Kind::String;
-            const std::string_view tag = text.substr(i, dollarTag(text, i));
-            const std::size_t close = text.find(tag, i + tag.size());
-            terminated = close != std::string_view::npos;
-            i = terminated ? close + tag.size() : n;
+            terminated = skip(sqllex::skipDollarQuoted(text, i, tag));
         } else if (c == '$' && isDigit(at(i + 1))) {
             kind = Kind::Bind;  // $1 (and whatever touches it, which is never split off)
             i = wordAt(text, i + 1).end;
@@ -255,18 +204,18 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
             if (at(i) == '\'') {
                 if (equalsUpper(w.text, "N") || equalsUpper(w.text, "X") || equalsUpper(w.text, "B")) {
                     kind = Kind::String;
-                    terminated = scanQuoted(text, i, '\'');
+                    terminated = skip(sqllex::skipQuoted(text, i, '\''));
                 } else if (equalsUpper(w.text, "E")) {
                     kind = Kind::String;
-                    terminated = scanQuoted(text, i, '\'', true);
-                } else if ((equalsUpper(w.text, "Q") || equalsUpper(w.text, "NQ")) && i + 1 < n && !isBlank(at(i + 1))) {
+                    terminated = skip(sqllex::skipQuoted(text, i, '\'', sqllex::Escape::DoubledOrBackslash));
+                } else if (sqllex::opensAlternativeQuote(text, i, w.text)) {
                     kind = Kind::String;
-                    terminated = scanAlternativeQuote(text, i);
+                    terminated = skip(sqllex::skipAlternativeQuote(text, i));
                 }
             } else if (equalsUpper(w.text, "U") && at(i) == '&' && (at(i + 1) == '\'' || at(i + 1) == '"')) {
                 kind = at(i + 1) == '\'' ? Kind::String : Kind::QuotedIdent;
                 ++i;
-                terminated = scanQuoted(text, i, char(at(i)));
+                terminated = skip(sqllex::skipQuoted(text, i, char(at(i))));
             }
             if (kind == Kind::Word) i += attributeAt(text, i);
         } else if (c == '%' && attributeAt(text, i) > 0) {
@@ -276,7 +225,7 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
             kind = Kind::Bind;  // :name, :1, and psql's :'name' and :"name"
             ++i;
             if (at(i) == '\'' || at(i) == '"') {
-                terminated = scanQuoted(text, i, char(at(i)));
+                terminated = skip(sqllex::skipQuoted(text, i, char(at(i))));
             } else {
                 while (i < n && isWordByte(at(i))) ++i;
             }

@@ -4,16 +4,39 @@
 #include <iterator>
 #include <utility>
 
+#include "SQLCharClass.h"
+#include "SQLLexer.h"
+
 namespace namekit {
 
 namespace {
 
-char lowerAsciiByte(char c) { return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c; }
-
 char closingQuote(char open) { return open == '[' ? ']' : open; }
 bool isQuoteOpen(char c) { return c == '"' || c == '[' || c == '`'; }
 
+// A quoted name from its opening quote at `i`: "..." and `...` with a doubled quote standing
+// for itself, [...] up to the first ']'. An unclosed name runs to the end of the text.
+struct QuotedName {
+    size_t end;         // behind the closing quote
+    std::string value;  // the name inside the quotes
+};
+QuotedName quotedName(std::string_view text, size_t i) {
+    const char close = closingQuote(text[i]);
+    const sqllex::Run run =
+        sqllex::skipQuoted(text, i, close, close == ']' ? sqllex::Escape::None : sqllex::Escape::Doubled);
+    const std::string_view inside = text.substr(i + 1, run.end - i - 1 - (run.closed ? 1 : 0));
+    std::string value;
+    value.reserve(inside.size());
+    for (size_t k = 0; k < inside.size(); ++k) {
+        value += inside[k];
+        if (inside[k] == close) ++k;  // only a doubled quote stands inside
+    }
+    return {run.end, std::move(value)};
+}
+
 // The query as tokens for the alias reader; strings and comments leave nothing but a mark.
+// Unlike the formatter, it reads a dollar-quoted text as SQL between two marks: the query
+// around the caret is often the body of a function, whose from clauses bind aliases.
 enum class Tok { Word, Quoted, Dot, Comma, Open, Close, Other };
 
 struct Token {
@@ -27,38 +50,32 @@ std::vector<Token> tokenize(std::string_view q) {
     const size_t n = q.size();
     while (i < n) {
         const char c = q[i];
-        if (c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v') {
+        if (sqlchar::isBlank(static_cast<unsigned char>(c))) {
             ++i;
-        } else if (c == '-' && i + 1 < n && q[i + 1] == '-') {
-            while (i < n && q[i] != '\n') ++i;
-        } else if (c == '/' && i + 1 < n && q[i + 1] == '*') {
-            const size_t end = q.find("*/", i + 2);
-            i = end == std::string_view::npos ? n : end + 2;
+        } else if (sqllex::startsLineComment(q, i)) {
+            i = sqllex::skipLineComment(q, i).end;
+        } else if (sqllex::startsBlockComment(q, i)) {
+            i = sqllex::skipBlockComment(q, i).end;
         } else if (c == '\'') {
-            for (++i; i < n; ++i) {
-                if (q[i] == '\'') {
-                    if (i + 1 < n && q[i + 1] == '\'') { ++i; continue; }
-                    ++i;
-                    break;
-                }
-            }
+            i = sqllex::skipQuoted(q, i, '\'').end;
             out.push_back({Tok::Other, "'"});
         } else if (isQuoteOpen(c)) {
-            const char close = closingQuote(c);
-            std::string value;
-            for (++i; i < n; ++i) {
-                if (q[i] == close) {
-                    if (close != ']' && i + 1 < n && q[i + 1] == close) { value += close; ++i; continue; }
-                    ++i;
-                    break;
-                }
-                value += q[i];
-            }
-            out.push_back({Tok::Quoted, std::move(value)});
+            QuotedName name = quotedName(q, i);
+            i = name.end;
+            out.push_back({Tok::Quoted, std::move(name.value)});
+        } else if (const size_t tag = c == '$' ? sqllex::dollarTagLength(q, i) : 0; tag > 0) {
+            out.push_back({Tok::Other, std::string(q.substr(i, tag))});
+            i += tag;
         } else if (IsIdentByte(c)) {
             const size_t start = i;
             while (i < n && IsIdentByte(q[i])) ++i;
-            out.push_back({Tok::Word, std::string(q.substr(start, i - start))});
+            const std::string_view word = q.substr(start, i - start);
+            if (sqllex::opensAlternativeQuote(q, i, word)) {
+                i = sqllex::skipAlternativeQuote(q, i).end;
+                out.push_back({Tok::Other, "'"});
+            } else {
+                out.push_back({Tok::Word, std::string(word)});
+            }
         } else {
             const Tok kind = c == '.' ? Tok::Dot : c == ',' ? Tok::Comma : c == '(' ? Tok::Open
                            : c == ')' ? Tok::Close : Tok::Other;
@@ -139,14 +156,14 @@ private:
 
 std::string LowerAscii(std::string_view s) {
     std::string r(s);
-    for (char& c : r) c = lowerAsciiByte(c);
+    for (char& c : r) c = sqlchar::toLower(c);
     return r;
 }
 
+// Unlike a word of the formatter, a bare name takes no '#': SQLite reads it as a parameter.
 bool IsIdentByte(char c) {
     const auto u = static_cast<unsigned char>(c);
-    return u >= 0x80 || (u >= 'a' && u <= 'z') || (u >= 'A' && u <= 'Z') || (u >= '0' && u <= '9') ||
-           c == '_' || c == '$';
+    return u >= 0x80 || sqlchar::isAlpha(u) || sqlchar::isDigit(u) || c == '_' || c == '$';
 }
 
 std::vector<NamePart> SplitName(std::string_view name) {
@@ -159,26 +176,11 @@ std::vector<NamePart> SplitName(std::string_view name) {
             parts.emplace_back();
             ++i;
         } else if (isQuoteOpen(c) && part.raw.empty()) {
-            const char close = closingQuote(c);
+            const QuotedName quoted = quotedName(name, i);
             part.quote = c;
-            part.raw += c;
-            ++i;
-            while (i < name.size()) {
-                if (name[i] == close) {
-                    if (close != ']' && i + 1 < name.size() && name[i + 1] == close) {  // doubled
-                        part.raw.append(2, close);
-                        part.value += close;
-                        i += 2;
-                        continue;
-                    }
-                    part.raw += close;
-                    ++i;
-                    break;
-                }
-                part.raw += name[i];
-                part.value += name[i];
-                ++i;
-            }
+            part.raw.append(name.substr(i, quoted.end - i));
+            part.value += quoted.value;
+            i = quoted.end;
         } else {
             part.raw += c;
             part.value += c;

@@ -6,11 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "SQLCharClass.h"
 #include "StatementExtraction.h"
 
 namespace {
 
-bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool IsSpace(char c) { return sqlchar::isBlank(static_cast<unsigned char>(c)); }
 
 // Every run of white space made one blank; `ends[k]` is the index behind the k-th output byte.
 std::string Collapse(std::string_view text, std::vector<size_t>& ends) {

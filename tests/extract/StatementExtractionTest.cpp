@@ -69,6 +69,7 @@ TEST(StatementExtraction, SingleQueryBoundariesAndPairing) {
     // begin, for, loop stop alone, whole with their parentheses, also at the piece's edges.
     EXPECT_EQ(Scan("  x (LOOP) y", false), " y");
     EXPECT_EQ(Scan("a b for", true), "a b ");
+    EXPECT_EQ(Scan("for a b", false), " a b");
     // Bytes from 0x80 up are no white space; NUL is a word byte; \v is white space.
     EXPECT_EQ(Scan("is\xC2\xA0select", false), "is\xC2\xA0select+");
     EXPECT_EQ(Scan("x is\vselect", false), "\vselect");

@@ -15,15 +15,11 @@ namespace {
 class FormatWindow : public CKTScinWnd {
 public:
     using CKTScinWnd::commaInList;
-    using CKTScinWnd::formatFlag;
-    using CKTScinWnd::getIsKeywordFunc;
-    using CKTScinWnd::getIsListKeywordFunc;
     using CKTScinWnd::isSQLKeyword;
     using CKTScinWnd::isSQLKeyword2;
     using CKTScinWnd::keywordAlign;
     using CKTScinWnd::keywordCase;
     using CKTScinWnd::multiline;
-    using CKTScinWnd::refreshOptionFormatSQL;
     using CKTScinWnd::SendEditor;
 };
 
@@ -80,16 +76,6 @@ TEST(FormatKeywords, TablesMatchTheirLengthInAnyCase) {
     EXPECT_EQ(FormatWindow::isSQLKeyword2("select", 6), 0);
 }
 
-TEST_F(FormatCommand, DefaultsAndTheFormatterGetsTheWindowsTests) {
-    EXPECT_TRUE(window->keywordAlign);
-    EXPECT_FALSE(window->commaInList);
-    EXPECT_EQ(window->keywordCase, 0);
-    EXPECT_FALSE(window->multiline);
-    EXPECT_TRUE(window->formatFlag);
-    EXPECT_EQ(window->getIsKeywordFunc(), &FormatWindow::isSQLKeyword);
-    EXPECT_EQ(window->getIsListKeywordFunc(), &FormatWindow::isSQLKeyword2);
-}
-
 TEST_F(FormatCommand, AnEmptyDocumentIsDisabledAndBeeps) {
     EXPECT_FALSE(enabled());
     const unsigned long beeps = GetMessageBeepCount();
@@ -108,9 +94,8 @@ TEST_F(FormatCommand, AnEmptyDocumentIsDisabledAndBeeps) {
     EXPECT_STREQ(window->GetText().c_str(), "select a from t");
 }
 
-TEST_F(FormatCommand, WholeTextIsOneUndoStepAndKeepsTheSavePoint) {
+TEST_F(FormatCommand, WholeTextOrSelectionIsOneUndoStepAndKeepsTheSavePoint) {
     window->SetText("select a from t where b = 1", 0);
-    EXPECT_EQ(send(SCI_GETMODIFY), 0);
     send(SCI_SETXOFFSET, 120);
     window->SendMessage(WM_COMMAND, cmd::FormatSql, 0);
     EXPECT_EQ(text(), "select a\n  from t\n where b = 1");
@@ -120,9 +105,7 @@ TEST_F(FormatCommand, WholeTextIsOneUndoStepAndKeepsTheSavePoint) {
     EXPECT_EQ(text(), "select a from t where b = 1");
     EXPECT_EQ(send(SCI_GETMODIFY), 0);  // back at the save point
     EXPECT_EQ(send(SCI_CANUNDO), 0);
-}
 
-TEST_F(FormatCommand, ASelectionIsFormattedInPlace) {
     window->SetText("-- keep\nselect a from t\n-- keep too", 0);
     window->SetSelection(int(send(SCI_POSITIONFROMLINE, 1)), int(send(SCI_GETLINEENDPOSITION, 1)));
     window->FormatSql();

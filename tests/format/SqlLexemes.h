@@ -9,17 +9,20 @@
 #include <string_view>
 #include <vector>
 
-namespace sqllex {
-inline bool letter(unsigned char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-inline bool digit(unsigned char c) { return c >= '0' && c <= '9'; }
-inline bool word(unsigned char c) { return letter(c) || digit(c) || c == '_' || c == '$' || c == '#' || c >= 0x80; }
-inline bool wordStart(unsigned char c) { return letter(c) || c == '_' || c >= 0x80; }
-inline bool space(unsigned char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v'; }
-inline bool op(unsigned char c) { return std::string_view("+-*/<>=~!@#%^&|?:").find(char(c)) != std::string_view::npos && c; }
+#include "SQLCharClass.h"
+#include "SQLLexer.h"
+
+namespace sqlref {
+// The byte classes and the reach of literals and comments are the library's own lexical layer,
+// which the tokenizer tests pin down; what this reader decides alone is where lexemes part.
+inline bool digit(unsigned char c) { return sqlchar::isDigit(c); }
+inline bool word(unsigned char c) { return sqlchar::isWordByte(c); }
+inline bool wordStart(unsigned char c) { return sqlchar::isWordStart(c); }
+inline bool space(unsigned char c) { return sqlchar::isBlank(c); }
+inline bool op(unsigned char c) { return sqlchar::isOperatorByte(c); }
 inline std::string upper(std::string_view s) {
     std::string r(s);
-    for (char& c : r)
-        if (c >= 'a' && c <= 'z') c = char(c - 32);
+    for (char& c : r) c = sqlchar::toUpper(c);
     return r;
 }
 
@@ -38,7 +41,7 @@ public:
             }
             const std::size_t from = i_;
             bool ends = false, comment = false;
-            if (!delimiter_.empty() && s_.substr(i_, delimiter_.size()) == delimiter_) {
+            if (!delimiter_.empty() && upper(s_.substr(i_, delimiter_.size())) == delimiter_) {
                 i_ += delimiter_.size();
                 ends = true;
             } else if (c == '\\' || runLine(lineStart) || (statementStart && clientLine())) {
@@ -48,16 +51,15 @@ public:
             } else if ((c == '-' && at(i_ + 1) == '-') || (c == '#' && (space(at(i_ + 1)) || at(i_ + 1) == '#' || i_ + 1 >= s_.size()))) {
                 toLineEnd();
                 comment = true;
-            } else if (c == '/' && at(i_ + 1) == '*') {
-                const std::size_t e = s_.find("*/", i_ + 2);
-                i_ = e == std::string_view::npos ? s_.size() : e + 2;
+            } else if (sqllex::startsBlockComment(s_, i_)) {
+                i_ = sqllex::skipBlockComment(s_, i_).end;
                 comment = true;
-            } else if (c == '$' && tagLength() > 0) {
-                const std::size_t tag = tagLength();
-                const std::size_t e = s_.find(s_.substr(i_, tag), i_ + tag);
-                if (e == std::string_view::npos) {
+            } else if (const std::size_t tag = c == '$' ? sqllex::dollarTagLength(s_, i_) : 0; tag > 0) {
+                const sqllex::Run body = sqllex::skipDollarQuoted(s_, i_, tag);
+                if (!body.closed) {
                     i_ = s_.size();
                 } else {
+                    const std::size_t e = body.end - tag;
                     out_.emplace_back(s_.substr(i_, tag));
                     for (std::string& inner : Lexer(s_.substr(i_ + tag, e - i_ - tag)).run()) out_.push_back("  " + inner);
                     out_.emplace_back(s_.substr(e, tag));
@@ -71,9 +73,9 @@ public:
                 for (++i_; word(at(i_)) && !(at(i_) == '#' && (at(i_ + 1) == '>' || at(i_ + 1) == '-')); ++i_) {
                 }
                 const std::string w = upper(s_.substr(from, i_ - from));
-                const bool alternativeQuote = (w == "Q" || w == "NQ") && i_ + 1 < s_.size() && !space(at(i_ + 1));
+                const bool alternativeQuote = sqllex::opensAlternativeQuote(s_, i_, w);
                 if (at(i_) == '\'' && (w == "N" || w == "X" || w == "B" || w == "E" || alternativeQuote)) {
-                    if (w == "Q" || w == "NQ") alternative();
+                    if (alternativeQuote) i_ = sqllex::skipAlternativeQuote(s_, i_).end;
                     else quoted('\'', w == "E");
                 } else if (w == "U" && at(i_) == '&' && (at(i_ + 1) == '\'' || at(i_ + 1) == '"')) {
                     ++i_;
@@ -125,34 +127,7 @@ private:
         while (i_ < s_.size() && s_[i_] != '\n' && s_[i_] != '\r') ++i_;
     }
     void quoted(char q, bool backslash) {
-        for (++i_; i_ < s_.size(); ++i_) {
-            if (backslash && s_[i_] == '\\') {
-                ++i_;
-            } else if (s_[i_] == q) {
-                if (at(i_ + 1) != static_cast<unsigned char>(q)) {
-                    ++i_;
-                    return;
-                }
-                ++i_;
-            }
-        }
-        i_ = s_.size();
-    }
-    void alternative() {
-        const char open = char(at(i_ + 1));
-        const char close = open == '[' ? ']' : open == '(' ? ')' : open == '{' ? '}' : open == '<' ? '>' : open;
-        for (std::size_t k = i_ + 2; k + 1 < s_.size(); ++k)
-            if (s_[k] == close && s_[k + 1] == '\'') {
-                i_ = k + 2;
-                return;
-            }
-        i_ = s_.size();
-    }
-    std::size_t tagLength() const {
-        std::size_t k = i_ + 1;
-        if (wordStart(at(k)))
-            while (word(at(k)) && at(k) != '$') ++k;
-        return at(k) == '$' ? k + 1 - i_ : 0;
+        i_ = sqllex::skipQuoted(s_, i_, q, backslash ? sqllex::Escape::DoubledOrBackslash : sqllex::Escape::Doubled).end;
     }
     std::size_t attributeLength(std::size_t k) const {
         if (at(k) != '%') return 0;
@@ -192,9 +167,7 @@ private:
         while (word(at(e))) ++e;
         if (e < s_.size() && !space(at(e))) return false;
         const std::string w = upper(s_.substr(i_, e - i_));
-        for (const char* command : {"PROMPT", "REM", "REMARK", "SPOOL", "WHENEVER", "DEFINE", "UNDEFINE", "DELIMITER",
-                                    "ACCEPT", "PAUSE"})
-            if (w == command) return true;
+        if (sqlchar::isClientWord(w)) return true;
         std::size_t k = e;
         while (at(k) == ' ' || at(k) == '\t') ++k;
         std::size_t next = k;
@@ -225,7 +198,7 @@ private:
         while (e < line.size() && !space(static_cast<unsigned char>(line[e]))) ++e;
         std::string d(line.substr(0, e));
         if (d.size() > 1 && d.back() == ';') d.pop_back();
-        delimiter_ = d == ";" ? "" : d;
+        delimiter_ = d == ";" ? "" : upper(d);  // in any letter case
     }
 
     std::string_view s_;
@@ -235,4 +208,4 @@ private:
 };
 
 inline std::vector<std::string> lexemes(std::string_view text) { return Lexer(text).run(); }
-}  // namespace sqllex
+}  // namespace sqlref

@@ -1,0 +1,6 @@
+begin
+x;
+
+
+y;
+end;

@@ -1,0 +1,1 @@
+Select nvl(Name, 'select') From "from" where Count(*) > 0
