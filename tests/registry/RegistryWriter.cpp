@@ -43,7 +43,7 @@ int series() {
     for (unsigned i = 0;; ++i) {
         std::memset(data.data(), int(i & 0xFF), data.size());
         std::memcpy(data.data(), &i, sizeof i);
-        const std::string name = "v" + std::to_string(i);
+        const std::string name = std::string("v").append(std::to_string(i));
         if (RegSetValueEx(key, name.c_str(), 0, REG_BINARY, data.data(), DWORD(data.size())) != ERROR_SUCCESS)
             return 1;
         std::printf("%u\n", i);

@@ -2,51 +2,34 @@
 #include <gtest/gtest.h>
 
 #include <QFontDatabase>
-#include <QTemporaryDir>
 #include <string>
 
 #include "CKTRegistry.h"
+#include "ScratchRegistry.h"
 
 namespace {
 
 class RegistrySettingsTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        ASSERT_TRUE(RegSetStorePath(dir_.filePath("registry.sqlite").toUtf8().constData()));
-    }
-    void TearDown() override { RegSetStorePath(nullptr); }
-
-    QTemporaryDir dir_;
+    ScratchRegistry registry;
+    CKTRegistry reg;
 };
 
-TEST_F(RegistrySettingsTest, ClosedKeyGivesDefaults) {
-    CKTRegistry reg;
-    EXPECT_EQ(reg.GetKey(), nullptr);
+TEST_F(RegistrySettingsTest, ValuesRoundTripAndAClosedKeyGivesDefaults) {
     EXPECT_EQ(reg.GetInt("i", -3), -3);
-    EXPECT_EQ(reg.GetBOOL("b", TRUE), TRUE);
-    EXPECT_EQ(reg.GetDWORD("d", 77u), 77u);
     EXPECT_EQ(reg.GetString("s", "dflt"), "dflt");
-    EXPECT_FALSE(reg.SetInt("i", 1));
-    EXPECT_FALSE(reg.SetString("s", "x"));
+    EXPECT_FALSE(reg.SetInt("i", 1) || reg.SetString("s", "x"));
     EXPECT_EQ(reg.Open(nullptr, "Software"), nullptr);
-}
 
-TEST_F(RegistrySettingsTest, ValuesRoundTrip) {
-    CKTRegistry reg;
     ASSERT_NE(reg.Open(HKEY_CURRENT_USER, "Software\\Quillbox\\Test"), nullptr);
-    EXPECT_TRUE(reg.SetInt("int", -12345));
-    EXPECT_TRUE(reg.SetBOOL("bool", 7));
-    EXPECT_TRUE(reg.SetDWORD("dword", 0xFFFFFFF0u));
-    EXPECT_TRUE(reg.SetString("string", "h\xC3\xA9llo"));
-    EXPECT_TRUE(reg.SetString("empty", nullptr));
+    EXPECT_TRUE(reg.SetInt("int", -12345) && reg.SetBOOL("bool", 7) && reg.SetDWORD("dword", 0xFFFFFFF0u));
+    EXPECT_TRUE(reg.SetString("string", "h\xC3\xA9llo") && reg.SetString("empty", nullptr));
     EXPECT_EQ(reg.GetInt("int", 0), -12345);
     EXPECT_EQ(reg.GetBOOL("bool", FALSE), TRUE);
     EXPECT_EQ(reg.GetDWORD("dword", 0), 0xFFFFFFF0u);
     EXPECT_EQ(reg.GetInt("dword", 0), -16);
     EXPECT_EQ(reg.GetString("string", ""), "h\xC3\xA9llo");
     EXPECT_EQ(reg.GetString("empty", "x"), "");
-
     // Stored as REG_SZ with its NUL, as other programs expect.
     DWORD type = 0, size = 0;
     ASSERT_EQ(RegQueryValueEx(reg, "string", nullptr, &type, nullptr, &size), ERROR_SUCCESS);
@@ -60,57 +43,54 @@ TEST_F(RegistrySettingsTest, ValuesRoundTrip) {
     again.Open(HKEY_CURRENT_USER, "software\\quillbox\\test");
     EXPECT_EQ(again.GetInt("INT", 0), -12345);
     EXPECT_NE(CKTRegistry().Open(again, "CHILD"), nullptr);
+    reg.Close();
+    EXPECT_EQ(reg.GetInt("deep", 6), 6);
 }
 
+// What the typed getters make of values other programs may have written: numbers from
+// decimal text, NUL or not; anything else gives the default (-7, "dflt").
 TEST_F(RegistrySettingsTest, UnexpectedTypesGiveDefaults) {
-    CKTRegistry reg;
     ASSERT_NE(reg.Open(HKEY_CURRENT_USER, "Software\\Types"), nullptr);
-    const BYTE four[4] = {1, 0, 0, 0};
-    ASSERT_EQ(RegSetValueEx(reg, "bin", 0, REG_BINARY, four, 4), ERROR_SUCCESS);
-    ASSERT_EQ(RegSetValueEx(reg, "nonul", 0, REG_SZ, reinterpret_cast<const BYTE*>("42"), 2), ERROR_SUCCESS);
-    ASSERT_EQ(RegSetValueEx(reg, "expand", 0, REG_EXPAND_SZ, reinterpret_cast<const BYTE*>("%A%\0"), 4),
-              ERROR_SUCCESS);
-    EXPECT_TRUE(reg.SetString("neg", "-1"));
-    EXPECT_TRUE(reg.SetString("junk", "12abc"));
-    EXPECT_TRUE(reg.SetString("huge", "4294967296"));
-    EXPECT_TRUE(reg.SetDWORD("dword", 5));
-
-    EXPECT_EQ(reg.GetInt("bin", 9), 9);
-    EXPECT_EQ(reg.GetString("bin", "d"), "d");
-    EXPECT_EQ(reg.GetString("dword", "d"), "d");
-    EXPECT_EQ(reg.GetInt("nonul", 0), 42);  // decimal text counts as a number, NUL or not
-    EXPECT_EQ(reg.GetString("nonul", ""), "42");
-    EXPECT_EQ(reg.GetString("expand", ""), "%A%");
-    EXPECT_EQ(reg.GetDWORD("neg", 0), 0xFFFFFFFFu);
-    EXPECT_EQ(reg.GetBOOL("neg", FALSE), TRUE);
-    EXPECT_EQ(reg.GetInt("junk", 3), 3);
-    EXPECT_EQ(reg.GetDWORD("huge", 3), 3u);
-    EXPECT_EQ(reg.GetInt("missing", 4), 4);
-
-    reg.Close();
-    EXPECT_EQ(reg.GetInt("dword", 6), 6);
+    const struct { const char* name; DWORD type; std::string data; int asInt; const char* asString; } rows[] = {
+        {"bin", REG_BINARY, std::string("\1\0\0\0", 4), -7, "dflt"},
+        {"dword", REG_DWORD, std::string("\5\0\0\0", 4), 5, "dflt"},
+        {"nonul", REG_SZ, "42", 42, "42"},
+        {"expand", REG_EXPAND_SZ, std::string("%A%\0", 4), -7, "%A%"},
+        {"neg", REG_SZ, std::string("-1\0", 3), -1, "-1"},
+        {"max", REG_SZ, std::string("4294967295\0", 11), -1, "4294967295"},
+        {"huge", REG_SZ, std::string("4294967296\0", 11), -7, "4294967296"},
+        {"junk", REG_SZ, std::string("12abc\0", 6), -7, "12abc"},
+        {"empty", REG_SZ, std::string("\0", 1), -7, ""},
+        {"missing", REG_NONE, "", -7, "dflt"},
+    };
+    for (const auto& r : rows) {
+        const auto* data = reinterpret_cast<const BYTE*>(r.data.data());
+        const DWORD size = DWORD(r.data.size());
+        ASSERT_TRUE(r.type == REG_NONE || RegSetValueEx(reg, r.name, 0, r.type, data, size) == ERROR_SUCCESS);
+        EXPECT_EQ(reg.GetInt(r.name, -7), r.asInt) << r.name;
+        EXPECT_EQ(reg.GetDWORD(r.name, DWORD(-7)), DWORD(r.asInt)) << r.name;
+        EXPECT_EQ(reg.GetBOOL(r.name, 3), r.asInt == -7 ? 3 : TRUE) << r.name;
+        EXPECT_EQ(reg.GetString(r.name, "dflt"), r.asString) << r.name;
+    }
 }
 
 TEST_F(RegistrySettingsTest, GlobalFontSettings) {
     EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 10);
     const CString font = CKTMgrSetting::GetGlobalFontName();
-    EXPECT_FALSE(font.IsEmpty());
     EXPECT_TRUE(QFontDatabase::families().contains(font.toQString()) ||
                 font == QFontDatabase::systemFont(QFontDatabase::FixedFont).family().toUtf8().constData())
         << font.c_str();
 
     CKTMgrSetting settings(0);
     ASSERT_NE(settings.GetKey(), nullptr);
-    EXPECT_TRUE(settings.SetString("Global Font Name", "Courier Prime"));
-    EXPECT_TRUE(settings.SetInt("Global Font Height", 13));
+    EXPECT_TRUE(settings.SetString("Global Font Name", "Courier Prime") && settings.SetInt("Global Font Height", 13));
     EXPECT_EQ(CKTMgrSetting::GetGlobalFontName(), "Courier Prime");
     EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 13);
     EXPECT_TRUE(settings.SetInt("Global Font Height", 0));
     EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 10);
 
-    CKTRegistry direct;
-    ASSERT_NE(direct.Open(HKEY_CURRENT_USER, CKTMgrSetting::SettingsKeyPath()), nullptr);
-    EXPECT_EQ(direct.GetString("Global Font Name", ""), "Courier Prime");
+    ASSERT_NE(reg.Open(HKEY_CURRENT_USER, CKTMgrSetting::SettingsKeyPath()), nullptr);
+    EXPECT_EQ(reg.GetString("Global Font Name", ""), "Courier Prime");
     CKTMgrSetting unopened;
     EXPECT_EQ(unopened.GetKey(), nullptr);
     EXPECT_NE(unopened.Create(0), nullptr);
