@@ -1,146 +1,141 @@
-// The typed value record: its getters and setters, and the multi-string buffer form.
+// The typed value record: which getters answer, their room rules, and the multi-string form.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "CReg.h"
 
 namespace {
-// Frees what a ...NewStringArr call handed out.
-void freeStrings(char** strings, unsigned long count) {
-    for (unsigned long i = 0; i < count; ++i) std::free(strings[i]);
-    std::free(strings);
+using Strings = std::vector<std::string>;
+
+// The getters that answer for a record: N number, S string, B binary, M multi-string. A getter
+// that does not answer must leave its output alone; "!" marks one that did not.
+std::string answering(const CRegVal& v) {
+    unsigned long n = 7;
+    char text[64] = "keep";
+    CString s = "keep";
+    unsigned char bytes[64] = {9};
+    CStringArray list;
+    list.Add("keep");
+    std::string found;
+    found += v.GetNumber(&n) ? "N" : n == 7 ? "" : "!";
+    found += v.GetString(text, sizeof text) ? "S" : std::strcmp(text, "keep") == 0 ? "" : "!";
+    found += v.GetString(s) ? "S" : s == "keep" ? "" : "!";
+    found += v.GetBinary(bytes, sizeof bytes) ? "B" : bytes[0] == 9 ? "" : "!";
+    found += v.GetStringArr(list) ? "M" : list.GetSize() == 1 ? "" : "!";
+    return found;
+}
+
+// The strings of a multi-string record through each of its three getters, which must agree.
+Strings split(const CRegVal& v) {
+    CStringArray list;
+    list.Add("stale");
+    EXPECT_TRUE(v.GetStringArr(list));
+    Strings strings;
+    for (const CString& s : list) strings.emplace_back(s.c_str());
+    char** fresh = nullptr;
+    unsigned long count = 0;
+    EXPECT_TRUE(v.GetNewStringArr(&fresh, &count));
+    std::vector<char*> cells(count + 1, nullptr);
+    if (count) {  // one slot too few: nothing is handed out
+        EXPECT_FALSE(v.GetStringArr(cells.data(), count - 1));
+        EXPECT_EQ(cells[0], nullptr);
+    }
+    EXPECT_TRUE(v.GetStringArr(cells.data(), count));
+    for (unsigned long i = 0; i < count; ++i) {
+        EXPECT_EQ(strings.at(i), fresh[i]);
+        EXPECT_STREQ(fresh[i], cells[i]);
+        std::free(fresh[i]);
+        std::free(cells[i]);
+    }
+    std::free(fresh);
+    return strings;
 }
 }  // namespace
 
 TEST(RegVal, GettersAnswerOnlyForTheirTypesAndLeaveTheOutputAlone) {
-    CRegVal number;
-    EXPECT_EQ(number.type, 0u);
+    CRegVal empty, number, str, bin, multi, expand;
     ASSERT_TRUE(number.SetNumber(0x12345678));
-    unsigned long n = 7;
+    ASSERT_TRUE(str.SetString("abc"));
+    unsigned char data[] = {0, 1, 2, 0, 255};
+    ASSERT_TRUE(bin.SetBinary(data, sizeof data));
+    const char* const two[] = {"alpha", "beta"};
+    ASSERT_TRUE(multi.SetStringArr(two, 2));
+    ASSERT_TRUE(expand.SetString("%HOME%"));
+    expand.type = REG_EXPAND_SZ;
+    const std::pair<const CRegVal*, const char*> rows[] = {
+        {&empty, ""}, {&number, "N"}, {&str, "SS"}, {&bin, "B"}, {&multi, "SSM"}, {&expand, "SS"}};
+    for (const auto& [v, expected] : rows) EXPECT_EQ(answering(*v), expected) << "type " << v->type;
+
+    unsigned long n = 0;
     EXPECT_TRUE(number.GetNumber(&n));
     EXPECT_EQ(n, 0x12345678ul);
-
-    char text[8] = "keep";
-    CString s = "keep";
-    unsigned char bytes[4] = {9, 9, 9, 9};
-    EXPECT_FALSE(number.GetString(text, sizeof text));
-    EXPECT_FALSE(number.GetString(s));
-    EXPECT_FALSE(number.GetBinary(bytes, sizeof bytes));
-    EXPECT_STREQ(text, "keep");
-    EXPECT_EQ(s, "keep");
-    EXPECT_EQ(bytes[0], 9);
-
-    CRegVal str;
-    ASSERT_TRUE(str.SetString("abc"));
-    EXPECT_EQ(str.type, DWORD(REG_SZ));
     EXPECT_EQ(str.size, 4u);  // with its zero
-    n = 7;
-    EXPECT_FALSE(str.GetNumber(&n));
-    EXPECT_EQ(n, 7ul);
-    CStringArray list;
-    EXPECT_FALSE(str.GetStringArr(list));
 }
 
-TEST(RegVal, StringCapacityMustHoldTheBytesAndAClosingZero) {
-    CRegVal v;
-    ASSERT_TRUE(v.SetString("abc"));  // size 4
-    char buffer[8];
-    std::memset(buffer, 'x', sizeof buffer);
-    EXPECT_FALSE(v.GetString(buffer, 4));  // equal to size: no room for the zero
-    EXPECT_EQ(buffer[0], 'x');
-    EXPECT_TRUE(v.GetString(buffer, 5));
-    EXPECT_STREQ(buffer, "abc");
-
+TEST(RegVal, CopiesNeedRoomForTheBytesAndAStringsClosingZero) {
+    CRegVal str, bin;
+    ASSERT_TRUE(str.SetString("abc"));
+    char text[8];
+    std::memset(text, 'x', sizeof text);
+    EXPECT_FALSE(str.GetString(text, 4));  // equal to size: no room for the zero
+    EXPECT_EQ(text[0], 'x');
+    EXPECT_TRUE(str.GetString(text, 5));
+    EXPECT_STREQ(text, "abc");
     CString s;
-    EXPECT_TRUE(v.GetString(s));
+    EXPECT_TRUE(str.GetString(s));
     EXPECT_EQ(s.GetLength(), 3);
-
     char* copy = nullptr;
     unsigned long length = 0;
-    ASSERT_TRUE(v.GetNewString(&copy, &length));
+    ASSERT_TRUE(str.GetNewString(&copy, &length));
     EXPECT_EQ(length, 4ul);
     EXPECT_STREQ(copy, "abc");
     std::free(copy);
-    ASSERT_TRUE(v.GetNewString(&copy, nullptr));  // the length pointer may be null
+    ASSERT_TRUE(str.GetNewString(&copy, nullptr));  // the length pointer may be null
     std::free(copy);
-}
 
-TEST(RegVal, BinaryCopiesNeedEnoughRoom) {
-    unsigned char data[] = {0, 1, 2, 0, 255};
-    CRegVal v;
-    ASSERT_TRUE(v.SetBinary(data, sizeof data));
-    unsigned char out[5] = {};
-    EXPECT_FALSE(v.GetBinary(out, 4));
-    EXPECT_TRUE(v.GetBinary(out, 5));
+    unsigned char data[] = {0, 1, 2, 0, 255}, out[5] = {};
+    ASSERT_TRUE(bin.SetBinary(data, sizeof data));
+    EXPECT_FALSE(bin.GetBinary(out, 4));
+    EXPECT_TRUE(bin.GetBinary(out, 5));
     EXPECT_EQ(std::memcmp(out, data, 5), 0);
-    unsigned char* copy = nullptr;
-    unsigned long size = 0;
-    ASSERT_TRUE(v.GetNewBinary(&copy, &size));
-    EXPECT_EQ(size, 5ul);
-    EXPECT_EQ(std::memcmp(copy, data, 5), 0);
-    std::free(copy);
+    unsigned char* fresh = nullptr;
+    ASSERT_TRUE(bin.GetNewBinary(&fresh, &length));
+    EXPECT_EQ(length, 5ul);
+    EXPECT_EQ(std::memcmp(fresh, data, 5), 0);
+    std::free(fresh);
 }
 
 TEST(RegVal, MultiStringsBuildAndSplit) {
     const char* const three[] = {"one", "", "three"};
-    CRegVal v;
-    // An empty string ends the walk, so it also ends what can be read back.
-    ASSERT_TRUE(v.SetStringArr(three, 3));
-    EXPECT_EQ(v.size, 1u + 4 + 1 + 6);
-    CStringArray back;
-    ASSERT_TRUE(v.GetStringArr(back));
-    ASSERT_EQ(back.GetSize(), 1);
-    EXPECT_EQ(back[0], "one");
-
-    v.Free();
     const char* const two[] = {"alpha", "beta"};
-    ASSERT_TRUE(v.SetStringArr(two, 2));
-    EXPECT_EQ(v.size, 1u + 6 + 5);
-    char* cells[2] = {nullptr, nullptr};
-    EXPECT_FALSE(v.GetStringArr(cells, 1));  // one slot too few: nothing is allocated
-    EXPECT_EQ(cells[0], nullptr);
-    ASSERT_TRUE(v.GetStringArr(cells, 2));
-    EXPECT_STREQ(cells[0], "alpha");
-    EXPECT_STREQ(cells[1], "beta");
-    std::free(cells[0]);
-    std::free(cells[1]);
+    const struct { const char* const* strings; unsigned long count; DWORD size; Strings back; } rows[] = {
+        {three, 3, 1 + 4 + 1 + 6, {"one"}},  // an empty string ends what can be read back
+        {two, 2, 1 + 6 + 5, {"alpha", "beta"}},
+        {nullptr, 0, 2, {}},  // an empty list is two zero bytes
+    };
+    for (const auto& r : rows) {
+        CRegVal v;
+        ASSERT_TRUE(v.SetStringArr(r.strings, r.count));
+        EXPECT_EQ(v.size, r.size);
+        EXPECT_EQ(split(v), r.back);
+    }
+    CStringArray list;
+    list.Add("x");
+    list.Add("yz");
+    CRegVal fromArray;
+    ASSERT_TRUE(fromArray.SetStringArr(list));
+    EXPECT_EQ(std::string(static_cast<const char*>(fromArray.data), fromArray.size), std::string("x\0yz\0\0", 6));
 
-    char** fresh = nullptr;
-    unsigned long count = 0;
-    ASSERT_TRUE(v.GetNewStringArr(&fresh, &count));
-    ASSERT_EQ(count, 2ul);
-    EXPECT_STREQ(fresh[1], "beta");
-    freeStrings(fresh, count);
-
-    v.Free();
-    ASSERT_TRUE(v.SetStringArr(nullptr, 0));
-    ASSERT_EQ(v.size, 2u);  // an empty list is two zero bytes
-    EXPECT_EQ(std::memcmp(v.data, "\0\0", 2), 0);
-    back.Add("stale");
-    ASSERT_TRUE(v.GetStringArr(back));
-    EXPECT_EQ(back.GetSize(), 0);
-    EXPECT_TRUE(v.GetStringArr(cells, 0));
-
-    CStringArray fromArray;
-    fromArray.Add("x");
-    fromArray.Add("yz");
-    v.Free();
-    ASSERT_TRUE(v.SetStringArr(fromArray));
-    EXPECT_EQ(v.size, 1u + 2 + 3);
-}
-
-TEST(RegVal, AMultiStringWithoutItsZerosEndsAtTheBuffer) {
     // A value as another program might have written it: no terminating zero at all.
     unsigned char raw[] = {'a', 'b', 0, 'c'};
-    CRegVal v;
-    ASSERT_TRUE(v.SetBinary(raw, sizeof raw));
-    v.type = REG_MULTI_SZ;
-    CStringArray back;
-    ASSERT_TRUE(v.GetStringArr(back));
-    ASSERT_EQ(back.GetSize(), 2);
-    EXPECT_EQ(back[1], "c");
+    CRegVal unterminated;
+    ASSERT_TRUE(unterminated.SetBinary(raw, sizeof raw));
+    unterminated.type = REG_MULTI_SZ;
+    EXPECT_EQ(split(unterminated), (Strings{"ab", "c"}));
 }
 
 TEST(RegVal, AssignmentSharesTheBufferWithOneOwner) {
