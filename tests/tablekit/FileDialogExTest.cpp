@@ -35,6 +35,7 @@ int runWith(CFileDialogEx& dialog, FileDialogHook answer) {
     SetFileDialogHook(std::move(previous));
     return result;
 }
+int accept(CFileDialogEx&) { return IDOK; }
 
 QStringList items(const QComboBox* combo) {
     QStringList texts;
@@ -42,35 +43,40 @@ QStringList items(const QComboBox* combo) {
     return texts;
 }
 
-// Message boxes are collected instead of shown.
-struct MessageLog {
-    QStringList texts;
-    MessageBoxHook previous = SetMessageBoxHook([this](const char* text, const char*, UINT) {
-        texts << QString::fromUtf8(text);
-        return IDOK;
-    });
-    ~MessageLog() { SetMessageBoxHook(std::move(previous)); }
-};
-
 class FileDialogEx : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(settingsApart && folder.isValid()); }
     QString path(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+    // A dialog on the scratch folder; `editor` gives it the editor's ANSI/Unicode choice per type.
+    std::unique_ptr<CFileDialogEx> make(int open, const char* name, unsigned long flags, bool editor = false) {
+        auto d = std::make_unique<CFileDialogEx>(open, ".sql", name, flags, kSqlFilter, nullptr);
+        d->GetOFN().lpstrInitialDir = folderUtf8.c_str();
+        d->MultySubtype(editor);
+        for (int type = 0; editor && type < 3; ++type) {
+            d->AddSubType(type, "ANSI", 0);
+            d->AddSubType(type, "Unicode", 0);
+        }
+        return d;
+    }
     QTemporaryDir folder;
     std::string folderUtf8 = folder.path().toStdString();
+    // Message boxes are collected instead of shown.
+    QStringList messages;
+    MessageBoxHook previous = SetMessageBoxHook([this](const char* text, const char*, UINT) {
+        messages << QString::fromUtf8(text);
+        return IDOK;
+    });
+    void TearDown() override { SetMessageBoxHook(std::move(previous)); }
 };
 }  // namespace
 
 TEST_F(FileDialogEx, SubTypesFollowTheFileType) {
-    CFileDialogEx d(0, "sql", "script", kSaveFlags, kSqlFilter, nullptr);
-    d.MultySubtype(true);
-    d.AddSubType(1, "A", 0);
-    d.AddSubType(1, "B", 0);
-    d.AddSubType(2, "C", 0);
-    d.AddSubType(-1, "ignored", 0);
-    d.SetShowIndex(1);
-    d.GetOFN().lpstrInitialDir = folderUtf8.c_str();
-    const int result = runWith(d, [](CFileDialogEx& dlg) {
+    auto d = make(0, "script", kSaveFlags);
+    d->MultySubtype(true);
+    const std::pair<int, const char*> subTypes[] = {{1, "A"}, {1, "B"}, {2, "C"}, {-1, "ignored"}};
+    for (const auto& [type, label] : subTypes) d->AddSubType(type, label, 0);
+    d->SetShowIndex(1);
+    ASSERT_EQ(runWith(*d, [](CFileDialogEx& dlg) {
         QComboBox* sub = dlg.subTypeCombo();
         EXPECT_TRUE(items(sub).isEmpty());  // type 0 has no list: the row stays, with no choice
         EXPECT_FALSE(sub->isHidden() || sub->isEnabled());
@@ -83,135 +89,110 @@ TEST_F(FileDialogEx, SubTypesFollowTheFileType) {
         EXPECT_FALSE(dlg.SelectFileType(3) || dlg.SelectFileType(-1) || dlg.SelectSubType(2));
         EXPECT_TRUE(dlg.SelectSubType(0));
         return IDOK;
-    });
-    ASSERT_EQ(result, IDOK);
-    EXPECT_EQ(d.GetFileTypeIndex(), 1);
-    EXPECT_EQ(d.GetSubIndex(), 0);
-    EXPECT_EQ(d.GetOFN().nFilterIndex, 2u);
-}
+    }), IDOK);
+    EXPECT_EQ(d->GetFileTypeIndex(), 1);
+    EXPECT_EQ(d->GetSubIndex(), 0);
+    EXPECT_EQ(d->GetOFN().nFilterIndex, 2u);
 
-TEST_F(FileDialogEx, SubTypeListsWithoutMultySubtypeOrWithNone) {
-    CFileDialogEx shared(0, "sql", "a", 0, kSqlFilter, nullptr);
-    shared.AddSubType(0, "ANSI", 0);
-    shared.AddSubType(2, "Unicode", 0);  // one common list: the type does not matter
-    shared.SetShowIndex(7);
-    shared.GetOFN().nFilterIndex = 3;
-    shared.GetOFN().lpstrInitialDir = folderUtf8.c_str();
-    ASSERT_EQ(runWith(shared, [](CFileDialogEx& dlg) {
+    auto shared = make(0, "a", 0);  // without MultySubtype one common list, whatever the type
+    shared->AddSubType(0, "ANSI", 0);
+    shared->AddSubType(2, "Unicode", 0);
+    shared->SetShowIndex(7);
+    shared->GetOFN().nFilterIndex = 3;
+    ASSERT_EQ(runWith(*shared, [](CFileDialogEx& dlg) {
         EXPECT_EQ(items(dlg.subTypeCombo()), QStringList({"ANSI", "Unicode"}));
         EXPECT_EQ(dlg.subTypeCombo()->currentIndex(), 0);
-        dlg.SelectSubType(1);
-        return IDOK;
+        return dlg.SelectSubType(1) ? IDOK : IDCANCEL;
     }), IDOK);
-    EXPECT_EQ(shared.GetFileTypeIndex(), 2);
-    EXPECT_EQ(shared.GetSubIndex(), 1);
+    EXPECT_EQ(shared->GetFileTypeIndex(), 2);
+    EXPECT_EQ(shared->GetSubIndex(), 1);
 
-    CFileDialogEx plain(0, "sql", "a", 0, kSqlFilter, nullptr);
-    plain.GetOFN().nFilterIndex = 99;  // out of range: the first type
-    plain.GetOFN().lpstrInitialDir = folderUtf8.c_str();
-    ASSERT_EQ(runWith(plain, [](CFileDialogEx& dlg) {
-        EXPECT_TRUE(dlg.subTypeCombo()->isHidden());  // looks like the plain dialog
+    auto plain = make(0, "a", 0);
+    plain->GetOFN().nFilterIndex = 99;  // out of range: the first type
+    ASSERT_EQ(runWith(*plain, [](CFileDialogEx& dlg) {
+        EXPECT_TRUE(dlg.subTypeCombo()->isHidden());  // no sub types: looks like the plain dialog
         return IDOK;
     }), IDOK);
-    EXPECT_EQ(plain.GetFileTypeIndex(), 0);
-    EXPECT_EQ(plain.GetSubIndex(), 0);
+    EXPECT_EQ(plain->GetFileTypeIndex(), 0);
 }
 
 TEST_F(FileDialogEx, ChosenPathNameAndSubIndexAsTheEditorSavesWithThem) {
-    CFileDialogEx d(0, ".sql", "query", kSaveFlags, kSqlFilter, nullptr);
-    d.MultySubtype(true);
-    for (int type = 0; type < 3; ++type) {
-        d.AddSubType(type, "ANSI", 0);
-        d.AddSubType(type, "Unicode", 0);
-    }
-    d.SetShowIndex(0);
-    d.GetOFN().lpstrInitialDir = folderUtf8.c_str();
+    auto d = make(0, "query", kSaveFlags, true);
     // Accepting the proposal: the folder given, the default extension appended.
-    ASSERT_EQ(runWith(d, [](CFileDialogEx&) { return IDOK; }), IDOK);
-    EXPECT_EQ(d.GetPathName().toQString(), path("query.sql"));
-    EXPECT_EQ(d.GetFileName(), "query.sql");
-    EXPECT_EQ(d.GetSubIndex(), 0);
-
+    ASSERT_EQ(runWith(*d, accept), IDOK);
+    EXPECT_EQ(d->GetPathName().toQString(), path("query.sql"));
+    EXPECT_EQ(d->GetFileName(), "query.sql");
+    EXPECT_EQ(d->GetSubIndex(), 0);
     // Another name and type, "Unicode": a name with an extension keeps it.
-    ASSERT_EQ(runWith(d, [this](CFileDialogEx& dlg) {
+    ASSERT_EQ(runWith(*d, [this](CFileDialogEx& dlg) {
         dlg.SelectFileType(1);
         dlg.EnterFileName(CString::fromQString(path("notes.txt")));
         dlg.subTypeCombo()->setCurrentIndex(1);
         return IDOK;
     }), IDOK);
-    EXPECT_EQ(d.GetPathName().toQString(), path("notes.txt"));
-    EXPECT_EQ(d.GetFileName(), "notes.txt");
-    EXPECT_EQ(d.GetFileTypeIndex(), 1);
-    EXPECT_EQ(d.GetSubIndex(), 1);
-
+    EXPECT_EQ(d->GetPathName().toQString(), path("notes.txt"));
+    EXPECT_EQ(d->GetFileName(), "notes.txt");
+    EXPECT_EQ(d->GetFileTypeIndex(), 1);
+    EXPECT_EQ(d->GetSubIndex(), 1);
     // Cancel, or any answer but OK, leaves nothing chosen.
     for (int answer : {IDCANCEL, 0, IDYES}) {
-        EXPECT_EQ(runWith(d, [answer](CFileDialogEx&) { return answer; }), IDCANCEL);
-        EXPECT_TRUE(d.GetPathName().IsEmpty() && d.GetFileName().IsEmpty());
-        EXPECT_EQ(d.GetSubIndex(), 0);
+        EXPECT_EQ(runWith(*d, [answer](CFileDialogEx&) { return answer; }), IDCANCEL);
+        EXPECT_TRUE(d->GetPathName().IsEmpty() && d->GetFileName().IsEmpty());
+        EXPECT_EQ(d->GetSubIndex(), 0);
     }
-    // Nobody to answer on the offscreen platform.
-    EXPECT_EQ(d.DoModal(), IDCANCEL);
-}
+    EXPECT_EQ(d->DoModal(), IDCANCEL);  // nobody to answer on the offscreen platform
 
-TEST_F(FileDialogEx, LongAndUtf8NamesCrossAsUtf8) {
+    // Long and UTF-8 names cross as UTF-8.
     const char* folderName = "my scripts/\xEB\x8D\xB0\xEC\x9D\xB4\xED\x84\xB0 fichiers \xC3\xA9t\xC3\xA9";
     ASSERT_TRUE(QDir(folder.path()).mkpath(QString::fromUtf8(folderName)));
     const std::string start = folderUtf8 + "/" + folderName;
     const char* name = "\xEC\x8A\xA4\xED\x81\xAC\xEB\xA6\xBD\xED\x8A\xB8 1 (copy)";
-    CFileDialogEx d(0, "sql", name, kSaveFlags, kSqlFilter, nullptr);
-    d.GetOFN().lpstrInitialDir = start.c_str();
-    ASSERT_EQ(runWith(d, [](CFileDialogEx&) { return IDOK; }), IDOK);
-    EXPECT_EQ(d.GetPathName().str(), start + "/" + name + ".sql");
-    EXPECT_EQ(d.GetFileName().str(), std::string(name) + ".sql");
+    auto utf8 = make(0, name, kSaveFlags);
+    utf8->GetOFN().lpstrInitialDir = start.c_str();
+    ASSERT_EQ(runWith(*utf8, accept), IDOK);
+    EXPECT_EQ(utf8->GetPathName().str(), start + "/" + name + ".sql");
+    EXPECT_EQ(utf8->GetFileName().str(), std::string(name) + ".sql");
 }
 
 TEST_F(FileDialogEx, FlagsAskBeforeOverwritingAndRefuseMissingPlaces) {
-    CFileDialogEx d(0, "sql", "x", kSaveFlags, kSqlFilter, nullptr);
-    ASSERT_NE(d.fileDialog(), nullptr);
-    EXPECT_FALSE(d.fileDialog()->testOption(QFileDialog::DontConfirmOverwrite));
-    d.GetOFN().Flags = OFN_LONGNAMES;  // a change before DoModal counts
-    runWith(d, [](CFileDialogEx& dlg) {
-        EXPECT_TRUE(dlg.fileDialog()->testOption(QFileDialog::DontConfirmOverwrite));
-        return IDCANCEL;
-    });
-
+    auto d = make(0, "x", kSaveFlags);
+    EXPECT_FALSE(d->fileDialog()->testOption(QFileDialog::DontConfirmOverwrite));
+    d->GetOFN().Flags = OFN_LONGNAMES;  // a change before DoModal counts
     // Without OFN_PATHMUSTEXIST any folder goes; with it a missing one is refused and said so.
     const QString missing = path("missing/x.sql");
     auto chooseMissing = [&](CFileDialogEx& dlg) {
+        EXPECT_EQ(dlg.fileDialog()->testOption(QFileDialog::DontConfirmOverwrite), dlg.GetOFN().Flags == OFN_LONGNAMES);
         dlg.EnterFileName(CString::fromQString(missing));
         return IDOK;
     };
-    EXPECT_EQ(runWith(d, chooseMissing), IDOK);
-    EXPECT_EQ(d.GetPathName().toQString(), missing);
-    d.GetOFN().Flags = kSaveFlags;
-    MessageLog log;
-    EXPECT_EQ(runWith(d, chooseMissing), IDCANCEL);
-    EXPECT_TRUE(d.GetPathName().IsEmpty());
-    ASSERT_EQ(log.texts.size(), 1);
-    EXPECT_TRUE(log.texts[0].contains(QDir::toNativeSeparators(path("missing"))));
+    EXPECT_EQ(runWith(*d, chooseMissing), IDOK);
+    EXPECT_EQ(d->GetPathName().toQString(), missing);
+    d->GetOFN().Flags = kSaveFlags;
+    EXPECT_EQ(runWith(*d, chooseMissing), IDCANCEL);
+    EXPECT_TRUE(d->GetPathName().IsEmpty());
+    ASSERT_EQ(messages.size(), 1);
+    EXPECT_TRUE(messages[0].contains(QDir::toNativeSeparators(path("missing"))));
     // The dialog's own OK button refuses it too, and the dialog stays open.
-    runWith(d, [&](CFileDialogEx& dlg) {
+    runWith(*d, [&](CFileDialogEx& dlg) {
         chooseMissing(dlg);
         static_cast<QDialog*>(dlg.fileDialog())->accept();  // the dialog's OK
         EXPECT_NE(dlg.fileDialog()->result(), QDialog::Accepted);
         return IDCANCEL;
     });
-    EXPECT_EQ(log.texts.size(), 2);
+    EXPECT_EQ(messages.size(), 2);
 
     // An open dialog with OFN_FILEMUSTEXIST takes only a file that is there.
     QFile existing(path("there.sql"));
     ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
     existing.close();
-    CFileDialogEx open(1, "sql", "absent", OFN_FILEMUSTEXIST, kSqlFilter, nullptr);
-    open.GetOFN().lpstrInitialDir = folderUtf8.c_str();
-    EXPECT_EQ(runWith(open, [](CFileDialogEx&) { return IDOK; }), IDCANCEL);
-    EXPECT_EQ(runWith(open, [&](CFileDialogEx& dlg) {
+    auto open = make(1, "absent", OFN_FILEMUSTEXIST);
+    EXPECT_EQ(runWith(*open, accept), IDCANCEL);
+    EXPECT_EQ(runWith(*open, [&](CFileDialogEx& dlg) {
         dlg.EnterFileName(CString::fromQString(existing.fileName()));
         return IDOK;
     }), IDOK);
-    EXPECT_EQ(open.GetFileName(), "there.sql");
-    EXPECT_EQ(log.texts.size(), 3);
+    EXPECT_EQ(open->GetFileName(), "there.sql");
+    EXPECT_EQ(messages.size(), 3);
 }
 
 TEST_F(FileDialogEx, ParentGoneBeforeTheDialogRuns) {
@@ -222,33 +203,22 @@ TEST_F(FileDialogEx, ParentGoneBeforeTheDialogRuns) {
     parent.reset();  // takes the dialog with it
     EXPECT_EQ(d.fileDialog(), nullptr);
     d.AddSubType(0, "ANSI", 0);
-    EXPECT_EQ(runWith(d, [](CFileDialogEx&) { return IDOK; }), IDCANCEL);
+    EXPECT_EQ(runWith(d, accept), IDCANCEL);
 }
 
 // Renders the dialog as the editor's save shows it, for a person to look at.
 TEST_F(FileDialogEx, RendersToPngWhenAsked) {
     const char* shotDir = std::getenv("QUILLBOX_SHOT_DIR");
     if (!shotDir || !*shotDir) GTEST_SKIP() << "QUILLBOX_SHOT_DIR not set";
-    for (const char* name : {"query1.sql", "report.sql", "notes.txt"}) {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-    CFileDialogEx d(0, "sql", "query2", kSaveFlags, kSqlFilter, nullptr);
-    d.MultySubtype(true);
-    for (int type = 0; type < 3; ++type) {
-        d.AddSubType(type, "ANSI", 0);
-        d.AddSubType(type, "Unicode", 0);
-    }
-    d.GetOFN().lpstrInitialDir = folderUtf8.c_str();
-    const QString out = QDir(QString::fromUtf8(shotDir)).filePath("tablekit-file-dialog.png");
-    runWith(d, [&](CFileDialogEx& dlg) {
+    for (const char* name : {"query1.sql", "report.sql", "notes.txt"}) QFile(path(name)).open(QIODevice::WriteOnly);
+    auto d = make(0, "query2", kSaveFlags, true);
+    runWith(*d, [&](CFileDialogEx& dlg) {
         QFileDialog* qt = dlg.fileDialog();
         qt->resize(760, 460);
         qt->show();
         for (int i = 0; i < 20; ++i) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        const QImage shot = qt->grab().toImage();
-        EXPECT_FALSE(shot.isNull());
-        EXPECT_TRUE(QDir().mkpath(QString::fromUtf8(shotDir)) && shot.save(out));
+        const QString out = QDir(QString::fromUtf8(shotDir)).filePath("tablekit-file-dialog.png");
+        EXPECT_TRUE(QDir().mkpath(QString::fromUtf8(shotDir)) && qt->grab().toImage().save(out));
         return IDCANCEL;
     });
 }

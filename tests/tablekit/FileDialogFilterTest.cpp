@@ -6,36 +6,28 @@
 
 #include "CFileDialogEx.h"
 
-namespace {
-const char* const kSqlFilter = "SQL Files (*.sql)|*.sql|Text files (*.txt)|*.txt|All Files (*.*)|*.*||";
-
-QStringList convert(const char* filter) { return CFileDialogEx::ConvertFilter(filter); }
-}  // namespace
-
-TEST(FileDialogFilter, WellFormedFiltersKeepLabelsAndPatterns) {
-    EXPECT_EQ(convert(kSqlFilter),
-              QStringList({"SQL Files (*.sql)", "Text files (*.txt)", "All Files (*)"}));
-    // Several patterns, a label without parentheses, parentheses that are not patterns.
-    EXPECT_EQ(convert("Scripts|*.sql; *.ddl|Logs (SQL)|*.log||"),
-              QStringList({"Scripts (*.sql *.ddl)", "Logs (SQL) (*.log)"}));
-    // The real patterns win over the ones a label shows.
-    EXPECT_EQ(convert("Scripts (*.sql)|*.sql;*.ddl||"), QStringList({"Scripts (*.sql *.ddl)"}));
-}
-
-TEST(FileDialogFilter, MalformedFiltersStillGiveUsableEntries) {
-    const QStringList all{"All Files (*)"};
-    EXPECT_EQ(convert(nullptr), all);
-    EXPECT_EQ(convert(""), all);
-    EXPECT_EQ(convert("||||"), all);
-    EXPECT_EQ(convert("|*.sql|Text|*.txt||"), all);  // an empty label ends the list at once
-    // A missing pattern list comes from the label's parentheses, else shows every file.
-    EXPECT_EQ(convert("SQL Files (*.sql)||Text|*.txt||"), QStringList({"SQL Files (*.sql)", "Text (*.txt)"}));
-    EXPECT_EQ(convert("SQL|*.sql|Text"), QStringList({"SQL (*.sql)", "Text (*)"}));  // odd count
-    EXPECT_EQ(convert("SQL|;;"), QStringList({"SQL (*)"}));
-    EXPECT_EQ(convert("(*.sql)|"), QStringList({"*.sql (*.sql)"}));
-    // Patterns Qt could not read are dropped; a space inside one becomes a wildcard.
-    EXPECT_EQ(convert("Data|*.donn\xC3\xA9" "es;*.dat|Mine|my file.*||"),
-              QStringList({"Data (*.dat)", "Mine (my?file.*)"}));
+TEST(FileDialogFilter, FiltersBecomeLabelsWithTheirPatterns) {
+    const std::pair<const char*, QStringList> rows[] = {
+        {"SQL Files (*.sql)|*.sql|Text files (*.txt)|*.txt|All Files (*.*)|*.*||",
+         {"SQL Files (*.sql)", "Text files (*.txt)", "All Files (*)"}},
+        // Several patterns, a label without parentheses, parentheses that are not patterns.
+        {"Scripts|*.sql; *.ddl|Logs (SQL)|*.log||", {"Scripts (*.sql *.ddl)", "Logs (SQL) (*.log)"}},
+        {"Scripts (*.sql)|*.sql;*.ddl||", {"Scripts (*.sql *.ddl)"}},  // the real patterns win
+        // Malformed: nothing usable gives every file; an empty label ends the list at once.
+        {nullptr, {"All Files (*)"}},
+        {"", {"All Files (*)"}},
+        {"||||", {"All Files (*)"}},
+        {"|*.sql|Text|*.txt||", {"All Files (*)"}},
+        // A missing pattern list comes from the label's parentheses, else shows every file.
+        {"SQL Files (*.sql)||Text|*.txt||", {"SQL Files (*.sql)", "Text (*.txt)"}},
+        {"SQL|*.sql|Text", {"SQL (*.sql)", "Text (*)"}},  // an odd count
+        {"SQL|;;", {"SQL (*)"}},
+        {"(*.sql)|", {"*.sql (*.sql)"}},
+        // Patterns Qt could not read are dropped; a space inside one becomes a wildcard.
+        {"Data|*.donn\xC3\xA9" "es;*.dat|Mine|my file.*||", {"Data (*.dat)", "Mine (my?file.*)"}},
+    };
+    for (const auto& [filter, expected] : rows)
+        EXPECT_EQ(CFileDialogEx::ConvertFilter(filter), expected) << (filter ? filter : "null");
 }
 
 TEST(FileDialogFilter, QtFiltersTheFolderByTheConvertedPatterns) {
