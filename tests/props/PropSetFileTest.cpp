@@ -16,8 +16,9 @@ namespace {
 
 std::string text(const SString& s) { return std::string(s.c_str(), s.length()); }
 
-// Checks each "Call arguments=value" line of an expected file against the properties.
-void expectLines(const PropSet& props, const std::string& expected) {
+// Checks each "Call arguments=value" line of an expected file against the properties and the
+// names of the files a read listed.
+void expectLines(const PropSet& props, const std::string& expected, const std::string& imports = "") {
     size_t start = 0;
     for (size_t end; (end = expected.find('\n', start)) != std::string::npos; start = end + 1) {
         const std::string line = expected.substr(start, end - start);
@@ -34,8 +35,21 @@ void expectLines(const PropSet& props, const std::string& expected) {
         if (call == "Expand") got = text(props.Expand(args.c_str()));
         if (call == "GetWild") got = text(props.GetWild(prefix.c_str(), file.c_str()));
         if (call == "GetNewExpand") got = text(props.GetNewExpand(prefix.c_str(), file.c_str()));
+        if (call == "Imports") got = imports;
         EXPECT_EQ(line.substr(equals + 1), got) << line;
     }
+}
+
+const std::filesystem::path kImports = std::filesystem::path(QUILLBOX_TEST_DATA) / "props" / "imports";
+
+// The names of the files in a read's import list, within kImports.
+std::string listed(const FilePath* imports, int count) {
+    std::string names;
+    for (int i = 0; i < count && imports[i].IsSet(); ++i) {
+        const std::filesystem::path path(imports[i].AsFileSystem().c_str());
+        names.append(names.empty() ? "" : " ").append(path.lexically_relative(kImports).generic_string());
+    }
+    return names;
 }
 
 TEST(PropSetFileCases, ReadingCases) {
@@ -43,20 +57,37 @@ TEST(PropSetFileCases, ReadingCases) {
     ASSERT_FALSE(cases.empty());
     for (const auto& path : cases) {
         SCOPED_TRACE(path.filename().string());
-        const std::string input = ReadCase(path);
         const std::string expected = ReadCase(std::filesystem::path(path).replace_extension(".expected"));
         ASSERT_FALSE(expected.empty());
         PropSetFile props(path.filename().string().rfind("lowercase-", 0) == 0);
-        props.ReadFromMemory(input.data(), int(input.size()));
-        expectLines(props, expected);
+        FilePath imports[4];
+        EXPECT_TRUE(props.Read(FilePath(path.c_str()), FilePath(kImports.c_str()), imports, 4));
+        expectLines(props, expected, listed(imports, 4));
     }
 }
 
-TEST(PropSetFileLines, BadArgumentsAndTheLineLimit) {
+TEST(PropSetFileCases, ImportListsAndAbsoluteImports) {
+    const FilePath main((kImports.parent_path() / "imports.properties").c_str());
+    FilePath one[1];  // a full list drops further entries
+    PropSetFile props;
+    EXPECT_TRUE(props.Read(main, FilePath(kImports.c_str()), one, 1));
+    EXPECT_EQ("base.properties", listed(one, 1));
+    EXPECT_TRUE(props.Read(main, FilePath(kImports.c_str()), nullptr, 5));
+    // An absolute name stands for itself, whatever the import folder.
+    const std::string line = std::string("import ").append((kImports / "base").string());
+    PropSetFile absolute;
+    absolute.ReadFromMemory(line.data(), int(line.size()), FilePath("/nonexistent"));
+    EXPECT_EQ("base", text(absolute.Get("a")));
+}
+
+TEST(PropSetFileLines, MemoryBadArgumentsAndTheLineLimit) {
     PropSetFile props;
     props.ReadFromMemory(nullptr, 5);
     props.ReadFromMemory("x=1", -3);
     EXPECT_EQ("", text(props.Get("x")));
+    const std::string plain = "  if x\nimport other\n";  // without a folder for imports: plain keys
+    props.ReadFromMemory(plain.data(), int(plain.size()));
+    expectLines(props, "Get if x=1\nGet import other=1\n");
     // The 60000th byte starts a new line.
     const std::string value(59997, 'v'), input = "k=" + value + "y=1\n\\\nz=2";
     props.ReadFromMemory(input.data(), int(input.size()));
@@ -92,63 +123,19 @@ protected:
 
 }  // namespace
 
-TEST_F(PropFiles, ReadHonoursTheByteOrderMarkAndTheByteLimit) {
-    EXPECT_TRUE(props.Read(Write("bom", "\xEF\xBB\xBF" "a=1\n"), Dir()));
-    EXPECT_TRUE(props.Read(Write("onlybom", "\xEF\xBB\xBF"), Dir()));
-    EXPECT_TRUE(props.Read(Write("empty", ""), Dir()));
+TEST_F(PropFiles, TheByteLimitCutsAFileAndOnlyFilesAreRead) {
     std::string big = "first=1\n";
     big += "filler=" + std::string(59980 - big.size() - 8, 'f') + "\n";  // ends at byte 59980
     big += "cut=0123456789abcdefghijklmnop\nbeyond=1\n";
     EXPECT_TRUE(props.Read(Write("big", big), Dir()));
-    expectLines(props, "Get a=1\nGet first=1\nGet cut=0123456789abcdef\nGet beyond=\n");  // cut in mid-line
-
+    expectLines(props, "Get first=1\nGet cut=0123456789abcdef\nGet beyond=\n");  // cut in mid-line
     props.Set("kept", "yes");  // a folder is no file
     for (const FilePath& bad : {Path("missing.properties"), Dir(), FilePath()})
         EXPECT_FALSE(props.Read(bad, Dir())) << bad.AsInternal();
     EXPECT_EQ("yes", text(props.Get("kept")));
 }
 
-TEST_F(PropFiles, ImportsOverrideInFileOrderAndAreListed) {
-    ASSERT_TRUE(QDir(dir.path()).mkdir("sub"));
-    Write("base", "a=base\nb=base\nflag=0\nc=base\n");
-    Write("sub/inner", "inner=1\n");
-    Write("late", "late=1\n");
-    // The indented import is no directive, and its condition is false anyway; "import"
-    // without a name is a plain key.
-    const FilePath main = Write("main", "b=main-before\n" "import base\n" "a=main-after\n" "import missing\n"
-                                        "import sub\\inner\n" "if flag\n" "  import late\n" "  c=skipped\n"
-                                        "import\n");
-    FilePath imports[3];
-    EXPECT_TRUE(props.Read(main, Dir(), imports, 3));
-    expectLines(props, "Get a=main-after\nGet b=base\nGet c=base\nGet inner=1\nGet late=\nGet import=1\n");
-    EXPECT_EQ("base.properties", Name(imports[0]));
-    EXPECT_EQ("sub/inner.properties", Name(imports[1]));
-    EXPECT_FALSE(imports[2].IsSet());
-
-    FilePath one[1];  // a full list drops further entries
-    PropSetFile again;
-    EXPECT_TRUE(again.Read(main, Dir(), one, 1));
-    EXPECT_EQ("base.properties", Name(one[0]));
-    EXPECT_TRUE(again.Read(main, Dir(), nullptr, 5));
-
-    PropSetFile absolute;  // an absolute name stands for itself, whatever the import folder
-    const std::string line = "import " + std::string(dir.filePath("base").toUtf8().constData());
-    absolute.ReadFromMemory(line.data(), int(line.size()), FilePath("/nonexistent"));
-    EXPECT_EQ("base", text(absolute.Get("a")));
-}
-
-TEST_F(PropFiles, ImportCyclesAndRunawayImportsEnd) {
-    Write("self", "before=1\nimport self\nafter=1\n");
-    Write("ping", "ping=1\nimport pong\nping.after=1\n");
-    Write("pong", "pong=1\nimport ping\nshared=pong\n");
-    FilePath imports[4];
-    EXPECT_TRUE(props.Read(Write("top", "import self\nimport ping\nshared=top\n"), Dir(), imports, 4));
-    expectLines(props, "Get before=1\nGet after=1\nGet ping.after=1\nGet shared=top\n");
-    // Files that were read are listed; a blocked repeat of a file on the chain is not.
-    const std::vector<std::string> names{Name(imports[0]), Name(imports[1]), Name(imports[2])};
-    EXPECT_EQ(names, (std::vector<std::string>{"self.properties", "pong.properties", "ping.properties"}));
-    EXPECT_FALSE(imports[3].IsSet());
-
+TEST_F(PropFiles, RunawayImportsEnd) {
     // Imports have no depth limit: a long chain reads whole, far deeper than a recursive
     // reader's stack or the process's file descriptors would allow.
     const int length = 2000;

@@ -44,15 +44,9 @@ TEST_F(RegKit, ValuesRoundTripWithAndWithoutASubKey) {
     EXPECT_STREQ(fresh, "text");
     std::free(fresh);
 
-    // Lists, the empty one as two zero bytes.
-    CStringArray list, listBack;
-    list.Add("a");
-    list.Add("bc");
-    ASSERT_TRUE(root.SaveStringArr("m", list));
-    ASSERT_TRUE(root.SaveStringArr("empty", static_cast<const char* const*>(nullptr), 0));
-    CRegVal raw;
-    ASSERT_TRUE(root.LoadVal("empty", &raw));
-    EXPECT_EQ(std::string(static_cast<const char*>(raw.data), raw.size), std::string("\0\0", 2));
+    const char* const list[] = {"a", "bc"};
+    ASSERT_TRUE(root.SaveStringArr("m", list, 2));
+    CStringArray listBack;
     EXPECT_TRUE(root.LoadStringArr("m", listBack));
     ASSERT_EQ(listBack.GetSize(), 2);
     EXPECT_EQ(listBack[1], "bc");
@@ -132,7 +126,6 @@ TEST_F(RegKit, DeletingTreesAndValues) {
     EXPECT_FALSE(closed.LoadNumber("n", &n) || closed.SaveNumber("n", 1) || closed.DeleteKey("n") ||
                  closed.DeleteSubKeys() || closed.FindFirstValue(name, &v));
     EXPECT_NE(closed.Connect(HKEY_CURRENT_USER, nullptr), nullptr);  // this machine
-    EXPECT_EQ(CReg().Connect(HKEY_CURRENT_USER, "\\\\elsewhere.invalid"), nullptr);
 }
 
 TEST_F(RegKit, TheValueWalkVisitsEveryValueOnce) {
