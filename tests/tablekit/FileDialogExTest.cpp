@@ -37,6 +37,11 @@ int runWith(CFileDialogEx& dialog, FileDialogHook answer) {
 }
 int accept(CFileDialogEx&) { return IDOK; }
 
+// What DoModal left chosen: file type index, sub type index and file name.
+std::string choice(const CFileDialogEx& d) {
+    return std::to_string(d.GetFileTypeIndex()) + " " + std::to_string(d.GetSubIndex()) + " " + d.GetFileName().str();
+}
+
 QStringList items(const QComboBox* combo) {
     QStringList texts;
     for (int i = 0; combo && i < combo->count(); ++i) texts << combo->itemText(i);
@@ -90,8 +95,7 @@ TEST_F(FileDialogEx, SubTypesFollowTheFileType) {
         EXPECT_TRUE(dlg.SelectSubType(0));
         return IDOK;
     }), IDOK);
-    EXPECT_EQ(d->GetFileTypeIndex(), 1);
-    EXPECT_EQ(d->GetSubIndex(), 0);
+    EXPECT_EQ(choice(*d), "1 0 script.sql");
     EXPECT_EQ(d->GetOFN().nFilterIndex, 2u);
 
     auto shared = make(0, "a", 0);  // without MultySubtype one common list, whatever the type
@@ -104,8 +108,7 @@ TEST_F(FileDialogEx, SubTypesFollowTheFileType) {
         EXPECT_EQ(dlg.subTypeCombo()->currentIndex(), 0);
         return dlg.SelectSubType(1) ? IDOK : IDCANCEL;
     }), IDOK);
-    EXPECT_EQ(shared->GetFileTypeIndex(), 2);
-    EXPECT_EQ(shared->GetSubIndex(), 1);
+    EXPECT_EQ(choice(*shared), "2 1 a.sql");
 
     auto plain = make(0, "a", 0);
     plain->GetOFN().nFilterIndex = 99;  // out of range: the first type
@@ -113,7 +116,7 @@ TEST_F(FileDialogEx, SubTypesFollowTheFileType) {
         EXPECT_TRUE(dlg.subTypeCombo()->isHidden());  // no sub types: looks like the plain dialog
         return IDOK;
     }), IDOK);
-    EXPECT_EQ(plain->GetFileTypeIndex(), 0);
+    EXPECT_EQ(choice(*plain), "0 0 a.sql");
 }
 
 TEST_F(FileDialogEx, ChosenPathNameAndSubIndexAsTheEditorSavesWithThem) {
@@ -121,8 +124,7 @@ TEST_F(FileDialogEx, ChosenPathNameAndSubIndexAsTheEditorSavesWithThem) {
     // Accepting the proposal: the folder given, the default extension appended.
     ASSERT_EQ(runWith(*d, accept), IDOK);
     EXPECT_EQ(d->GetPathName().toQString(), path("query.sql"));
-    EXPECT_EQ(d->GetFileName(), "query.sql");
-    EXPECT_EQ(d->GetSubIndex(), 0);
+    EXPECT_EQ(choice(*d), "0 0 query.sql");
     // Another name and type, "Unicode": a name with an extension keeps it.
     ASSERT_EQ(runWith(*d, [this](CFileDialogEx& dlg) {
         dlg.SelectFileType(1);
@@ -131,14 +133,12 @@ TEST_F(FileDialogEx, ChosenPathNameAndSubIndexAsTheEditorSavesWithThem) {
         return IDOK;
     }), IDOK);
     EXPECT_EQ(d->GetPathName().toQString(), path("notes.txt"));
-    EXPECT_EQ(d->GetFileName(), "notes.txt");
-    EXPECT_EQ(d->GetFileTypeIndex(), 1);
-    EXPECT_EQ(d->GetSubIndex(), 1);
+    EXPECT_EQ(choice(*d), "1 1 notes.txt");
     // Cancel, or any answer but OK, leaves nothing chosen.
     for (int answer : {IDCANCEL, 0, IDYES}) {
         EXPECT_EQ(runWith(*d, [answer](CFileDialogEx&) { return answer; }), IDCANCEL);
-        EXPECT_TRUE(d->GetPathName().IsEmpty() && d->GetFileName().IsEmpty());
-        EXPECT_EQ(d->GetSubIndex(), 0);
+        EXPECT_TRUE(d->GetPathName().IsEmpty());
+        EXPECT_EQ(choice(*d), "0 0 ");
     }
     EXPECT_EQ(d->DoModal(), IDCANCEL);  // nobody to answer on the offscreen platform
 
