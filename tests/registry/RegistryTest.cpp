@@ -1,9 +1,11 @@
-// The registry calls on a store file of the test's own.
+// The registry calls, and the settings classes CKTRegistry and CKTMgrSetting over them, on a
+// store file of the test's own.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
 #include <QFile>
+#include <QFontDatabase>
 #include <QTemporaryDir>
 #include <cstring>
 #include <memory>
@@ -11,6 +13,7 @@
 #include <thread>
 #include <vector>
 
+#include "CKTRegistry.h"
 #include "Registry.h"
 
 namespace {
@@ -71,28 +74,42 @@ protected:
     std::string path_ = dir_.filePath("registry.sqlite").toStdString();
 };
 
-TEST_F(RegistryTest, ValueTypesRoundTrip) {
+// Values of every type come back as written, type and bytes; the settings class reads numbers
+// from them and from decimal text, NUL or not, and gives its default (-7, "dflt") for the rest.
+TEST_F(RegistryTest, TypedValuesRoundTripAndReadAsSettings) {
     Key key = create("Software\\Types");
-    const struct { const char* name; DWORD type; std::string data; } values[] = {
-        {"sz", REG_SZ, std::string("text\0", 5)},
-        {"expand", REG_EXPAND_SZ, std::string("%HOME%\\x\0", 9)},  // stored as written, never expanded
-        {"multi", REG_MULTI_SZ, std::string("one\0two\0\0", 9)},
-        {"bin", REG_BINARY, std::string("\0\1\0\2\0", 5)},
-        {"empty", REG_BINARY, ""},
-        {"dword", REG_DWORD, "\xEF\xBE\xAD\xDE"},
-        {"qword", REG_QWORD, "\x88\x77\x66\x55\x44\x33\x22\x11"},
-        {nullptr, REG_DWORD, dword(7)},  // null and "" both name the default value,
-        {"", REG_SZ, std::string("x\0", 2)},  // and writing again replaces type and data
+    const struct { const char* name; DWORD type; std::string data; int asInt; const char* asString; } rows[] = {
+        {"sz", REG_SZ, std::string("text\0", 5), -7, "text"},
+        {"expand", REG_EXPAND_SZ, std::string("%HOME%\\x\0", 9), -7, "%HOME%\\x"},  // never expanded
+        {"multi", REG_MULTI_SZ, std::string("one\0two\0\0", 9), -7, "dflt"},
+        {"bin", REG_BINARY, std::string("\1\0\0\0", 4), -7, "dflt"},
+        {"nobytes", REG_BINARY, "", -7, "dflt"},
+        {"dword", REG_DWORD, "\xEF\xBE\xAD\xDE", int(0xDEADBEEF), "dflt"},
+        {"qword", REG_QWORD, "\x88\x77\x66\x55\x44\x33\x22\x11", -7, "dflt"},
+        {"nonul", REG_SZ, "42", 42, "42"},
+        {"neg", REG_SZ, std::string("-1\0", 3), -1, "-1"},
+        {"max", REG_SZ, std::string("4294967295\0", 11), -1, "4294967295"},
+        {"huge", REG_SZ, std::string("4294967296\0", 11), -7, "4294967296"},
+        {"junk", REG_SZ, std::string("12abc\0", 6), -7, "12abc"},
+        {"emptysz", REG_SZ, std::string("\0", 1), -7, ""},
+        {nullptr, REG_DWORD, dword(7), 0, ""},  // null and "" both name the default value,
+        {"", REG_SZ, std::string("x\0", 2), -7, "x"},  // and writing again replaces type and data
+        {"missing", REG_NONE, "<missing>", -7, "dflt"},
     };
-    for (const auto& v : values) ASSERT_EQ(set(key.get(), v.name, v.type, v.data), ERROR_SUCCESS);
-    for (const auto& v : values) {
-        if (!v.name) continue;
-        DWORD type = 0;
-        EXPECT_EQ(read(key.get(), v.name, &type), v.data) << v.name;
-        EXPECT_EQ(type, v.type) << v.name;
+    for (const auto& r : rows)
+        ASSERT_TRUE(r.type == REG_NONE || set(key.get(), r.name, r.type, r.data) == ERROR_SUCCESS) << r.name;
+    CKTRegistry reg;
+    ASSERT_NE(reg.Open(HKEY_CURRENT_USER, "Software\\Types"), nullptr);
+    for (const auto& r : rows) {
+        if (!r.name) continue;
+        DWORD type = REG_NONE;
+        EXPECT_EQ(read(key.get(), r.name, &type), r.data) << r.name;
+        EXPECT_EQ(type, r.type) << r.name;
+        EXPECT_EQ(reg.GetInt(r.name, -7), r.asInt) << r.name;
+        EXPECT_EQ(reg.GetDWORD(r.name, DWORD(-7)), DWORD(r.asInt)) << r.name;
+        EXPECT_EQ(reg.GetBOOL(r.name, 3), r.asInt == -7 ? 3 : TRUE) << r.name;
+        EXPECT_EQ(reg.GetString(r.name, "dflt"), r.asString) << r.name;
     }
-    EXPECT_EQ(read(key.get(), nullptr), std::string("x\0", 2));
-    EXPECT_EQ(read(key.get(), "missing"), "<missing>");
 }
 
 TEST_F(RegistryTest, SizeQueriesAndShortBuffers) {
@@ -365,6 +382,62 @@ TEST_F(RegistryTest, ThreadsShareTheStore) {
     EXPECT_EQ(names(key.get()).size(), 201u);
     EXPECT_EQ(names(key.get(), true).size(), 200u);
     EXPECT_EQ(read(key.get(), "total"), dword(200));
+}
+
+TEST_F(RegistryTest, SettingsRoundTripAndAClosedKeyGivesDefaults) {
+    CKTRegistry reg;
+    EXPECT_EQ(reg.GetInt("i", -3), -3);
+    EXPECT_EQ(reg.GetString("s", "dflt"), "dflt");
+    EXPECT_FALSE(reg.SetInt("i", 1) || reg.SetString("s", "x"));
+    EXPECT_EQ(reg.Open(nullptr, "Software"), nullptr);
+
+    ASSERT_NE(reg.Open(HKEY_CURRENT_USER, "Software\\Quillbox\\Test"), nullptr);
+    EXPECT_TRUE(reg.SetInt("int", -12345) && reg.SetBOOL("bool", 7) && reg.SetDWORD("dword", 0xFFFFFFF0u));
+    EXPECT_TRUE(reg.SetString("string", "h\xC3\xA9llo") && reg.SetString("empty", nullptr));
+    EXPECT_EQ(reg.GetInt("int", 0), -12345);
+    EXPECT_EQ(reg.GetBOOL("bool", FALSE), TRUE);
+    EXPECT_EQ(reg.GetDWORD("dword", 0), 0xFFFFFFF0u);
+    EXPECT_EQ(reg.GetInt("dword", 0), -16);
+    EXPECT_EQ(reg.GetString("string", ""), "h\xC3\xA9llo");
+    EXPECT_EQ(reg.GetString("empty", "x"), "");
+    // Stored as REG_SZ with its NUL, as other programs expect.
+    DWORD type = 0, size = 0;
+    ASSERT_EQ(RegQueryValueEx(reg, "string", nullptr, &type, nullptr, &size), ERROR_SUCCESS);
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(size, 7u);
+
+    // Reopening below its own key works, and the values persist in the new object.
+    ASSERT_NE(reg.Open(reg, "Child"), nullptr);
+    EXPECT_TRUE(reg.SetInt("deep", 1));
+    CKTRegistry again;
+    again.Open(HKEY_CURRENT_USER, "software\\quillbox\\test");
+    EXPECT_EQ(again.GetInt("INT", 0), -12345);
+    EXPECT_NE(CKTRegistry().Open(again, "CHILD"), nullptr);
+    reg.Close();
+    EXPECT_EQ(reg.GetInt("deep", 6), 6);
+}
+
+TEST_F(RegistryTest, GlobalFontSettings) {
+    EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 10);
+    const CString font = CKTMgrSetting::GetGlobalFontName();
+    EXPECT_TRUE(QFontDatabase::families().contains(font.toQString()) ||
+                font == QFontDatabase::systemFont(QFontDatabase::FixedFont).family().toUtf8().constData())
+        << font.c_str();
+
+    CKTMgrSetting settings(0);
+    ASSERT_NE(settings.GetKey(), nullptr);
+    EXPECT_TRUE(settings.SetString("Global Font Name", "Courier Prime") && settings.SetInt("Global Font Height", 13));
+    EXPECT_EQ(CKTMgrSetting::GetGlobalFontName(), "Courier Prime");
+    EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 13);
+    EXPECT_TRUE(settings.SetInt("Global Font Height", 0));
+    EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 10);
+
+    CKTRegistry reg;
+    ASSERT_NE(reg.Open(HKEY_CURRENT_USER, CKTMgrSetting::SettingsKeyPath()), nullptr);
+    EXPECT_EQ(reg.GetString("Global Font Name", ""), "Courier Prime");
+    CKTMgrSetting unopened;
+    EXPECT_EQ(unopened.GetKey(), nullptr);
+    EXPECT_NE(unopened.Create(0), nullptr);
 }
 
 }  // namespace
