@@ -6,7 +6,6 @@ quillbox_warnings(test_registry_writer)
 
 quillbox_unit_test(test_registry LIBS quillbox_platform quillbox_basekit SQLite::SQLite3 SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/registry/RegistryTest.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/registry/SettingsTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/registry/RegistryProcessTest.cpp)
 target_compile_definitions(test_registry PRIVATE
   QUILLBOX_REGISTRY_WRITER="$<TARGET_FILE:test_registry_writer>")

@@ -1,4 +1,2 @@
-quillbox_unit_test(test_tablekit
-  LIBS quillbox_platform quillbox_tablekit
-  SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/tablekit/FileDialogFilterTest.cpp
-          ${CMAKE_CURRENT_SOURCE_DIR}/tablekit/FileDialogExTest.cpp)
+quillbox_unit_test(test_tablekit LIBS quillbox_platform quillbox_tablekit
+  SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/tablekit/FileDialogTest.cpp)

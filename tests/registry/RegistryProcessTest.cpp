@@ -6,7 +6,6 @@
 #include <QTemporaryDir>
 #include <cstring>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -19,45 +18,58 @@ constexpr int kWaitMs = 30000;  // a safety net only: nothing below waits for ti
 class RegistryProcessTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        path_ = dir_.filePath("registry.sqlite");
-        ASSERT_TRUE(RegSetStorePath(path_.toUtf8().constData()));
+        ASSERT_TRUE(dir_.isValid() && RegSetStorePath(path_.toUtf8().constData()));
+        ASSERT_EQ(RegCreateKeyEx(HKEY_CURRENT_USER, "Software\\Race", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_,
+                                 nullptr),
+                  ERROR_SUCCESS);
     }
-    void TearDown() override { RegSetStorePath(nullptr); }
+    void TearDown() override {
+        RegCloseKey(key_);
+        RegSetStorePath(nullptr);
+    }
 
-    std::unique_ptr<QProcess> start(const QStringList& args) {
+    // A writer that has opened the store and waits for the word to go.
+    std::unique_ptr<QProcess> start(const char* tag, int count) {
         auto p = std::make_unique<QProcess>();
         p->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        p->start(QStringLiteral(QUILLBOX_REGISTRY_WRITER), QStringList{path_} + args);
-        EXPECT_TRUE(p->waitForStarted(kWaitMs));
+        p->start(QStringLiteral(QUILLBOX_REGISTRY_WRITER), {path_, tag, QString::number(count)});
+        EXPECT_TRUE(waitForLine(*p));
+        EXPECT_EQ(p->readLine().trimmed(), "ready");
         return p;
     }
-
     static bool waitForLine(QProcess& p) {
         while (!p.canReadLine())
             if (!p.waitForReadyRead(kWaitMs)) return false;
         return true;
     }
-
-    HKEY openKey(const char* path) {
-        HKEY key = nullptr;
-        EXPECT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, path, 0, KEY_READ, &key), ERROR_SUCCESS);
-        return key;
+    // Checks the value a writer wrote for i, whole.
+    void expectWritten(const std::string& name, unsigned i) {
+        std::vector<BYTE> data(8192);
+        DWORD size = DWORD(data.size()), type = 0;
+        ASSERT_EQ(RegQueryValueEx(key_, name.c_str(), nullptr, &type, data.data(), &size), ERROR_SUCCESS) << name;
+        unsigned stored = 0;
+        std::memcpy(&stored, data.data(), sizeof stored);
+        EXPECT_TRUE(type == REG_BINARY && size == 4096 && stored == i && data[4095] == BYTE(i & 0xFF)) << name;
+    }
+    std::string nameAt(DWORD index) {
+        char name[32];
+        DWORD cch = sizeof name;
+        return RegEnumValue(key_, index, name, &cch, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS ? name : "";
     }
 
     QTemporaryDir dir_;
-    QString path_;
+    QString path_ = dir_.filePath("registry.sqlite");
+    HKEY key_ = nullptr;
 };
 
-TEST_F(RegistryProcessTest, ConcurrentWritersLoseNothing) {
-    constexpr int kCount = 500;
-    auto a = start({"race", "A", QString::number(kCount)});
-    auto b = start({"race", "B", QString::number(kCount)});
+TEST_F(RegistryProcessTest, ConcurrentWritersLoseNothingAndWalksSeeTheirValues) {
+    const DWORD one = 1;
+    ASSERT_EQ(RegSetValueEx(key_, "own", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&one), sizeof one), ERROR_SUCCESS);
+    EXPECT_EQ(nameAt(0), "own");  // a walk begins: the key's values are listed now
+
     // Both have the store open before either writes, so that their writes interleave.
-    for (QProcess* p : {a.get(), b.get()}) {
-        ASSERT_TRUE(waitForLine(*p));
-        EXPECT_EQ(p->readLine().trimmed(), "ready");
-    }
+    constexpr int kCount = 300;
+    auto a = start("A", kCount), b = start("B", kCount);
     a->write("go\n");
     b->write("go\n");
     for (QProcess* p : {a.get(), b.get()}) {
@@ -65,53 +77,23 @@ TEST_F(RegistryProcessTest, ConcurrentWritersLoseNothing) {
         EXPECT_EQ(p->exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(p->exitCode(), 0);
     }
-
-    HKEY key = openKey("Software\\Race");
-    DWORD values = 0;
-    ASSERT_EQ(RegQueryInfoKey(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr, nullptr,
+    // The list taken for index 0 is stale now: index 1 is a writer's first value.
+    const std::string next = nameAt(1);
+    EXPECT_TRUE(next == "A-0" || next == "B-0") << next;
+    DWORD values = 0, counter = 0, size = sizeof counter;
+    ASSERT_EQ(RegQueryInfoKey(key_, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr, nullptr,
                               nullptr, nullptr),
               ERROR_SUCCESS);
-    EXPECT_EQ(values, DWORD(2 * kCount + 1));
-    auto dword = [&](const std::string& name) {
-        DWORD v = 0, size = sizeof v;
-        EXPECT_EQ(RegQueryValueEx(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&v), &size),
-                  ERROR_SUCCESS) << name;
-        return v;
-    };
+    EXPECT_EQ(values, DWORD(2 * kCount + 2));
     for (const char* tag : {"A-", "B-"})
-        for (int i = 0; i < kCount; ++i)
-            ASSERT_EQ(dword(tag + std::to_string(i)), DWORD(i));
-    EXPECT_EQ(dword("Counter"), DWORD(2 * kCount));  // no increment lost to the other process
-    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
-}
-
-TEST_F(RegistryProcessTest, AWalkSeesWhatAnotherProcessCommittedAtItsNextIndex) {
-    HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyEx(HKEY_CURRENT_USER, "Software\\Race", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                             nullptr),
-              ERROR_SUCCESS);
-    const DWORD one = 1;
-    ASSERT_EQ(RegSetValueEx(key, "own", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&one), sizeof one), ERROR_SUCCESS);
-    char name[32];
-    DWORD cch = sizeof name;
-    ASSERT_EQ(RegEnumValue(key, 0, name, &cch, nullptr, nullptr, nullptr, nullptr), ERROR_SUCCESS);
-    EXPECT_STREQ(name, "own");
-
-    auto writer = start({"race", "W", "1"});
-    ASSERT_TRUE(waitForLine(*writer));
-    writer->write("go\n");
-    ASSERT_TRUE(writer->waitForFinished(kWaitMs));
-    ASSERT_EQ(writer->exitCode(), 0);
-
-    // The values listed for index 0 are stale now: index 1 is the writer's first value.
-    cch = sizeof name;
-    ASSERT_EQ(RegEnumValue(key, 1, name, &cch, nullptr, nullptr, nullptr, nullptr), ERROR_SUCCESS);
-    EXPECT_STREQ(name, "W-0");
-    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+        for (unsigned i = 0; i < kCount; ++i) expectWritten(tag + std::to_string(i), i);
+    ASSERT_EQ(RegQueryValueEx(key_, "Counter", nullptr, nullptr, reinterpret_cast<BYTE*>(&counter), &size), 0);
+    EXPECT_EQ(counter, DWORD(2 * kCount));  // no increment lost to the other process
 }
 
 TEST_F(RegistryProcessTest, KilledWriterLeavesCommittedValues) {
-    auto writer = start({"series"});
+    auto writer = start("v", 0);
+    writer->write("go\n");
     // Kill it once it has reported 100 commits; it is writing the next one by then.
     std::vector<unsigned> committed;
     auto collect = [&] {
@@ -137,21 +119,11 @@ TEST_F(RegistryProcessTest, KilledWriterLeavesCommittedValues) {
     sqlite3_close(db);
 
     ASSERT_TRUE(RegSetStorePath(path_.toUtf8().constData()));  // reopen from the file
-    HKEY key = openKey("Software\\Series");
-    for (size_t i = 0; i < committed.size(); ++i) {
+    ASSERT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, "Software\\Race", 0, KEY_READ, &key_), ERROR_SUCCESS);
+    for (unsigned i = 0; i < committed.size(); ++i) {
         ASSERT_EQ(committed[i], i);  // reported in order, none skipped
-        const std::string name = std::string("v").append(std::to_string(i));
-        std::vector<BYTE> data(4096);
-        DWORD size = DWORD(data.size()), type = 0;
-        ASSERT_EQ(RegQueryValueEx(key, name.c_str(), nullptr, &type, data.data(), &size), ERROR_SUCCESS) << name;
-        EXPECT_EQ(type, REG_BINARY);
-        EXPECT_EQ(size, 4096u);
-        unsigned stored = 0;
-        std::memcpy(&stored, data.data(), sizeof stored);
-        EXPECT_EQ(stored, i);
-        EXPECT_EQ(data.back(), BYTE(i & 0xFF));
+        expectWritten(std::string("v-").append(std::to_string(i)), i);
     }
-    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
-// The registry calls on a store file of the test's own.
+// The registry calls, and the settings classes CKTRegistry and CKTMgrSetting over them, on a
+// store file of the test's own.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
 #include <QFile>
+#include <QFontDatabase>
 #include <QTemporaryDir>
 #include <cstring>
 #include <memory>
@@ -11,147 +13,127 @@
 #include <thread>
 #include <vector>
 
+#include "CKTRegistry.h"
 #include "Registry.h"
 
 namespace {
 
 using Key = std::unique_ptr<RegistryKey, decltype(&RegCloseKey)>;
+using Names = std::vector<std::string>;
 
 const BYTE* bytes(const void* p) { return static_cast<const BYTE*>(p); }
 BYTE* out(char* p) { return reinterpret_cast<BYTE*>(p); }
 std::string dword(DWORD v) { return std::string(reinterpret_cast<const char*>(&v), sizeof v); }
 std::string error(LSTATUS rc) { return std::string("<").append(std::to_string(rc)).append(">"); }
 
+Key create(const char* subKey, REGSAM access = KEY_ALL_ACCESS, HKEY parent = HKEY_CURRENT_USER) {
+    HKEY key = nullptr;
+    EXPECT_EQ(RegCreateKeyEx(parent, subKey, 0, nullptr, 0, access, nullptr, &key, nullptr), ERROR_SUCCESS);
+    return Key(key, &RegCloseKey);
+}
+Key open(const char* subKey, REGSAM access = KEY_ALL_ACCESS) {
+    HKEY key = nullptr;
+    RegOpenKeyEx(HKEY_CURRENT_USER, subKey, 0, access, &key);
+    return Key(key, &RegCloseKey);
+}
+LSTATUS set(HKEY key, const char* name, DWORD type, const std::string& data) {
+    return RegSetValueEx(key, name, 0, type, bytes(data.data()), DWORD(data.size()));
+}
+LSTATUS setDword(HKEY key, const char* name, DWORD v) { return set(key, name, REG_DWORD, dword(v)); }
+// The value's data, or "<missing>"; its type into *type.
+std::string read(HKEY key, const char* name, DWORD* type = nullptr) {
+    DWORD size = 0;
+    if (RegQueryValueEx(key, name, nullptr, type, nullptr, &size) != ERROR_SUCCESS) return "<missing>";
+    std::string data(size, '\0');
+    EXPECT_EQ(RegQueryValueEx(key, name, nullptr, type, out(data.data()), &size), ERROR_SUCCESS);
+    return data;
+}
+// The name at `index` of the value (or with `keys` the sub key) enumeration, or its error.
+std::string at(HKEY key, DWORD index, bool keys = false) {
+    char name[64];
+    DWORD cch = sizeof name;
+    LSTATUS rc = keys ? RegEnumKeyEx(key, index, name, &cch, nullptr, nullptr, nullptr, nullptr)
+                      : RegEnumValue(key, index, name, &cch, nullptr, nullptr, nullptr, nullptr);
+    return rc == ERROR_SUCCESS ? std::string(name, cch) : error(rc);
+}
+Names names(HKEY key, bool keys = false) {
+    Names all;
+    for (DWORD i = 0;; ++i) {
+        std::string name = at(key, i, keys);
+        if (name == error(ERROR_NO_MORE_ITEMS)) return all;
+        all.push_back(name);
+    }
+}
+
 class RegistryTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        path_ = dir_.filePath("registry.sqlite").toStdString();
-        ASSERT_TRUE(RegSetStorePath(path_.c_str()));
-    }
+    void SetUp() override { ASSERT_TRUE(dir_.isValid() && RegSetStorePath(path_.c_str())); }
     void TearDown() override { RegSetStorePath(nullptr); }
 
-    static Key create(const char* subKey, REGSAM access = KEY_ALL_ACCESS, HKEY parent = HKEY_CURRENT_USER) {
-        HKEY key = nullptr;
-        EXPECT_EQ(RegCreateKeyEx(parent, subKey, 0, nullptr, 0, access, nullptr, &key, nullptr), ERROR_SUCCESS);
-        return Key(key, &RegCloseKey);
-    }
-    static Key open(const char* subKey, REGSAM access = KEY_ALL_ACCESS, HKEY parent = HKEY_CURRENT_USER) {
-        HKEY key = nullptr;
-        RegOpenKeyEx(parent, subKey, 0, access, &key);
-        return Key(key, &RegCloseKey);
-    }
-    static LSTATUS setDword(HKEY key, const char* name, DWORD v) {
-        return RegSetValueEx(key, name, 0, REG_DWORD, bytes(&v), sizeof v);
-    }
-    static std::string read(HKEY key, const char* name, DWORD* type = nullptr) {
-        DWORD size = 0;
-        if (RegQueryValueEx(key, name, nullptr, type, nullptr, &size) != ERROR_SUCCESS) return "<missing>";
-        std::string data(size, '\0');
-        EXPECT_EQ(RegQueryValueEx(key, name, nullptr, type, out(data.data()), &size), ERROR_SUCCESS);
-        return data;
-    }
-    static LSTATUS set(HKEY key, const char* name, DWORD type, const std::string& data) {
-        return RegSetValueEx(key, name, 0, type, bytes(data.data()), DWORD(data.size()));
-    }
-    // The value count of a key, through RegQueryInfoKey.
-    static DWORD values(HKEY key, DWORD* subKeys = nullptr) {
-        DWORD n = 0;
-        EXPECT_EQ(RegQueryInfoKey(key, nullptr, nullptr, nullptr, subKeys, nullptr, nullptr, &n, nullptr, nullptr,
-                                  nullptr, nullptr),
-                  ERROR_SUCCESS);
-        return n;
-    }
-    // The names of the values, or with `keys` of the sub keys, in enumeration order.
-    static std::vector<std::string> names(HKEY key, bool keys = false) {
-        std::vector<std::string> names;
-        char name[64];
-        for (DWORD i = 0;; ++i) {
-            DWORD cch = sizeof name;
-            LSTATUS rc = keys ? RegEnumKeyEx(key, i, name, &cch, nullptr, nullptr, nullptr, nullptr)
-                              : RegEnumValue(key, i, name, &cch, nullptr, nullptr, nullptr, nullptr);
-            if (rc != ERROR_SUCCESS) {
-                EXPECT_EQ(rc, ERROR_NO_MORE_ITEMS);
-                return names;
-            }
-            names.emplace_back(name, cch);
-        }
-    }
-
     QTemporaryDir dir_;
-    std::string path_;
+    std::string path_ = dir_.filePath("registry.sqlite").toStdString();
 };
 
-using Names = std::vector<std::string>;
-
-TEST_F(RegistryTest, ValueTypesRoundTrip) {
+// Values of every type come back as written, type and bytes; the settings class reads numbers
+// from them and from decimal text, NUL or not, and gives its default (-7, "dflt") for the rest.
+TEST_F(RegistryTest, TypedValuesRoundTripAndReadAsSettings) {
     Key key = create("Software\\Types");
-    const struct {
-        const char* name;
-        DWORD type;
-        std::string data;
-    } values[] = {
-        {"sz", REG_SZ, std::string("text\0", 5)},
-        {"expand", REG_EXPAND_SZ, std::string("%HOME%\\x\0", 9)},  // stored as written, never expanded
-        {"multi", REG_MULTI_SZ, std::string("one\0two\0\0", 9)},
-        {"bin", REG_BINARY, std::string("\0\1\0\2\0", 5)},
-        {"empty", REG_BINARY, ""},
-        {"dword", REG_DWORD, "\xEF\xBE\xAD\xDE"},
-        {"qword", REG_QWORD, "\x88\x77\x66\x55\x44\x33\x22\x11"},
+    const struct { const char* name; DWORD type; std::string data; int asInt; const char* asString; } rows[] = {
+        {"sz", REG_SZ, std::string("text\0", 5), -7, "text"},
+        {"expand", REG_EXPAND_SZ, std::string("%HOME%\\x\0", 9), -7, "%HOME%\\x"},  // never expanded
+        {"multi", REG_MULTI_SZ, std::string("one\0two\0\0", 9), -7, "dflt"},
+        {"bin", REG_BINARY, std::string("\1\0\0\0", 4), -7, "dflt"},
+        {"nobytes", REG_BINARY, "", -7, "dflt"},
+        {"dword", REG_DWORD, "\xEF\xBE\xAD\xDE", int(0xDEADBEEF), "dflt"},
+        {"qword", REG_QWORD, "\x88\x77\x66\x55\x44\x33\x22\x11", -7, "dflt"},
+        {"nonul", REG_SZ, "42", 42, "42"},
+        {"neg", REG_SZ, std::string("-1\0", 3), -1, "-1"},
+        {"max", REG_SZ, std::string("4294967295\0", 11), -1, "4294967295"},
+        {"huge", REG_SZ, std::string("4294967296\0", 11), -7, "4294967296"},
+        {"junk", REG_SZ, std::string("12abc\0", 6), -7, "12abc"},
+        {"emptysz", REG_SZ, std::string("\0", 1), -7, ""},
+        {nullptr, REG_DWORD, dword(7), 0, ""},  // null and "" both name the default value,
+        {"", REG_SZ, std::string("x\0", 2), -7, "x"},  // and writing again replaces type and data
+        {"missing", REG_NONE, "<missing>", -7, "dflt"},
     };
-    for (const auto& v : values) ASSERT_EQ(set(key.get(), v.name, v.type, v.data), ERROR_SUCCESS) << v.name;
-    for (const auto& v : values) {
-        DWORD type = 0;
-        EXPECT_EQ(read(key.get(), v.name, &type), v.data) << v.name;
-        EXPECT_EQ(type, v.type) << v.name;
+    for (const auto& r : rows)
+        ASSERT_TRUE(r.type == REG_NONE || set(key.get(), r.name, r.type, r.data) == ERROR_SUCCESS) << r.name;
+    CKTRegistry reg;
+    ASSERT_NE(reg.Open(HKEY_CURRENT_USER, "Software\\Types"), nullptr);
+    for (const auto& r : rows) {
+        if (!r.name) continue;
+        DWORD type = REG_NONE;
+        EXPECT_EQ(read(key.get(), r.name, &type), r.data) << r.name;
+        EXPECT_EQ(type, r.type) << r.name;
+        EXPECT_EQ(reg.GetInt(r.name, -7), r.asInt) << r.name;
+        EXPECT_EQ(reg.GetDWORD(r.name, DWORD(-7)), DWORD(r.asInt)) << r.name;
+        EXPECT_EQ(reg.GetBOOL(r.name, 3), r.asInt == -7 ? 3 : TRUE) << r.name;
+        EXPECT_EQ(reg.GetString(r.name, "dflt"), r.asString) << r.name;
     }
-
-    // Null and "" both name the default value; writing again replaces type and data.
-    ASSERT_EQ(setDword(key.get(), nullptr, 7), ERROR_SUCCESS);
-    ASSERT_EQ(set(key.get(), "", REG_SZ, std::string("x\0", 2)), ERROR_SUCCESS);
-    DWORD type = 0;
-    EXPECT_EQ(read(key.get(), nullptr, &type), std::string("x\0", 2));
-    EXPECT_EQ(type, REG_SZ);
-    EXPECT_EQ(read(key.get(), "missing"), "<missing>");
 }
 
 TEST_F(RegistryTest, SizeQueriesAndShortBuffers) {
     Key key = create("Software\\Sizes");
-    ASSERT_EQ(RegSetValueEx(key.get(), "s", 0, REG_SZ, bytes("abcdef"), 7), ERROR_SUCCESS);
-
-    DWORD type = 0, size = 0;
-    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, &type, nullptr, &size), ERROR_SUCCESS);
-    EXPECT_EQ(size, 7u);  // the NUL it was written with counts
-    EXPECT_EQ(type, REG_SZ);
-    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, &type, nullptr, nullptr), ERROR_SUCCESS);
-
-    char buffer[8];
-    std::memset(buffer, '#', sizeof buffer);
-    size = 3;
+    ASSERT_EQ(set(key.get(), "s", REG_SZ, std::string("abcdef\0", 7)), ERROR_SUCCESS);
+    char buffer[8] = "#######";
+    DWORD size = 3;  // too small: the size needed comes back, nothing is copied
     EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, out(buffer), &size), ERROR_MORE_DATA);
-    EXPECT_EQ(size, 7u);
-    EXPECT_EQ(buffer[0], '#');  // nothing copied
+    EXPECT_EQ(size, 7u);  // the NUL it was written with counts
+    EXPECT_EQ(buffer[0], '#');
     EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, out(buffer), &size), ERROR_SUCCESS);
-    EXPECT_STREQ(buffer, "abcdef");
-    EXPECT_EQ(buffer[7], '#');
+    EXPECT_EQ(std::string(buffer, 8), std::string("abcdef\0\0", 8));
+    EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, nullptr, nullptr), ERROR_SUCCESS);
     EXPECT_EQ(RegQueryValueEx(key.get(), "s", nullptr, nullptr, out(buffer), nullptr), ERROR_INVALID_PARAMETER);
     EXPECT_EQ(RegQueryValueEx(key.get(), "nope", nullptr, nullptr, nullptr, &size), ERROR_FILE_NOT_FOUND);
-
-    // Enumeration reports short name and data buffers the same way.
+    // Enumeration reports a short name buffer the same way, with the length it needs.
     char name[2];
     DWORD cch = sizeof name;
     EXPECT_EQ(RegEnumValue(key.get(), 0, name, &cch, nullptr, nullptr, nullptr, nullptr), ERROR_SUCCESS);
-    EXPECT_STREQ(name, "s");
     EXPECT_EQ(cch, 1u);
     ASSERT_EQ(setDword(key.get(), "long name", 1), ERROR_SUCCESS);
     cch = sizeof name;
     EXPECT_EQ(RegEnumValue(key.get(), 1, name, &cch, nullptr, nullptr, nullptr, nullptr), ERROR_MORE_DATA);
     EXPECT_EQ(cch, 10u);
-    char longName[16];
-    cch = sizeof longName;
-    size = 2;
-    EXPECT_EQ(RegEnumValue(key.get(), 0, longName, &cch, nullptr, &type, out(buffer), &size), ERROR_MORE_DATA);
-    EXPECT_EQ(size, 7u);
 }
 
 TEST_F(RegistryTest, BadArgumentsGetErrors) {
@@ -165,16 +147,15 @@ TEST_F(RegistryTest, BadArgumentsGetErrors) {
         EXPECT_EQ(RegSetValueEx(key.get(), v.name, 0, v.type, v.data, v.size), ERROR_INVALID_PARAMETER) << v.name;
     EXPECT_TRUE(names(key.get()).empty());
 
-    HKEY out = reinterpret_cast<HKEY>(&one);
+    HKEY result = reinterpret_cast<HKEY>(&one);
     const std::string longPart(REG_MAX_KEY_NAME + 1, 'k');
     for (const char* path : {"\\lead", "a\\\\b", "trail\\\\", longPart.c_str()}) {
-        EXPECT_EQ(RegCreateKeyEx(key.get(), path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &out, nullptr),
+        EXPECT_EQ(RegCreateKeyEx(key.get(), path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &result, nullptr),
                   ERROR_INVALID_PARAMETER) << path;
-        EXPECT_EQ(out, nullptr);
+        EXPECT_EQ(result, nullptr);
     }
     EXPECT_EQ(RegOpenKeyEx(key.get(), "x", 0, KEY_READ, nullptr), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(RegEnumValue(key.get(), 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
-              ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(RegEnumValue(key.get(), 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), ERROR_INVALID_PARAMETER);
 
     // Handles never opened, or closed already, are refused untouched; a predefined one stays open.
     EXPECT_EQ(RegCloseKey(HKEY_CURRENT_USER), ERROR_SUCCESS);
@@ -194,26 +175,18 @@ TEST_F(RegistryTest, EnumerationFollowsCreationOrder) {
     ASSERT_EQ(RegDeleteValue(key.get(), "zeta"), ERROR_SUCCESS);
     ASSERT_EQ(setDword(key.get(), "zeta", 3), ERROR_SUCCESS);  // a new value goes last
     EXPECT_EQ(names(key.get()), (Names{"alpha", "mid", "zeta"}));
-
     for (const char* sub : {"Kz", "Ka\\Deep", "Kb"}) create(sub, KEY_ALL_ACCESS, key.get());
     EXPECT_EQ(names(key.get(), true), (Names{"Kz", "Ka", "Kb"}));
+    EXPECT_EQ(names(create("Kb", KEY_ALL_ACCESS, key.get()).get(), true), Names{});
 
     DWORD subKeys = 0, maxSubKey = 0, values = 0, maxValueName = 0, maxValue = 0, cchClass = 4;
     char cls[4] = "abc";
     ASSERT_EQ(RegQueryInfoKey(key.get(), cls, &cchClass, nullptr, &subKeys, &maxSubKey, nullptr, &values,
                               &maxValueName, &maxValue, nullptr, nullptr),
               ERROR_SUCCESS);
-    EXPECT_EQ(subKeys, 3u);
-    EXPECT_EQ(maxSubKey, 2u);
-    EXPECT_EQ(values, 3u);
-    EXPECT_EQ(maxValueName, 5u);
-    EXPECT_EQ(maxValue, 4u);
+    EXPECT_EQ(std::vector<DWORD>({subKeys, maxSubKey, values, maxValueName, maxValue, cchClass}),
+              std::vector<DWORD>({3, 2, 3, 5, 4, 0}));
     EXPECT_STREQ(cls, "");
-    EXPECT_EQ(cchClass, 0u);
-
-    Key empty = create("Software\\Order\\Kb");
-    EXPECT_EQ(names(empty.get()), Names{});
-    EXPECT_EQ(names(empty.get(), true), Names{});
 }
 
 // A walk by index keeps the key's list between calls; every write must still show at the
@@ -222,13 +195,6 @@ TEST_F(RegistryTest, WalksSeeEveryChangeAtTheirNextIndex) {
     Key key = create("Software\\Walk");
     Key other = open("Software\\Walk");
     for (const char* name : {"a", "b", "c", "d"}) ASSERT_EQ(setDword(key.get(), name, 1), ERROR_SUCCESS);
-    char name[16];
-    auto at = [&](HKEY k, DWORD index, bool keys = false) {
-        DWORD cch = sizeof name;
-        LSTATUS rc = keys ? RegEnumKeyEx(k, index, name, &cch, nullptr, nullptr, nullptr, nullptr)
-                          : RegEnumValue(k, index, name, &cch, nullptr, nullptr, nullptr, nullptr);
-        return rc == ERROR_SUCCESS ? std::string(name, cch) : error(rc);
-    };
     EXPECT_EQ(at(key.get(), 0), "a");
     ASSERT_EQ(RegDeleteValue(other.get(), "a"), ERROR_SUCCESS);  // through another handle
     EXPECT_EQ(at(key.get(), 1), "c");                            // the list is b, c, d now
@@ -242,6 +208,7 @@ TEST_F(RegistryTest, WalksSeeEveryChangeAtTheirNextIndex) {
     large[9999] = 'y';
     ASSERT_EQ(set(other.get(), "large", REG_BINARY, large), ERROR_SUCCESS);
     std::string data(large.size(), '\0');
+    char name[16];
     DWORD cch = sizeof name, type = 0, size = 10;
     EXPECT_EQ(RegEnumValue(key.get(), 4, name, &cch, nullptr, &type, out(data.data()), &size), ERROR_MORE_DATA);
     EXPECT_EQ(size, large.size());
@@ -280,26 +247,38 @@ TEST_F(RegistryTest, NamesIgnoreAsciiCase) {
     Key guard(again, &RegCloseKey);
     EXPECT_EQ(disposition, REG_OPENED_EXISTING_KEY);
     EXPECT_EQ(names(open("software").get(), true), Names{"MixedCase"});
-
     ASSERT_EQ(setDword(key.get(), "Value", 1), ERROR_SUCCESS);
     ASSERT_EQ(setDword(again, "VALUE", 2), ERROR_SUCCESS);  // the same value through the other handle
     EXPECT_EQ(names(key.get()), Names{"Value"});
     EXPECT_EQ(read(key.get(), "vAlUe"), dword(2));
-    EXPECT_EQ(RegDeleteValue(key.get(), "value"), ERROR_SUCCESS);
     // Bytes beyond ASCII are compared as they are.
     ASSERT_EQ(setDword(key.get(), "\xC3\x84", 1), ERROR_SUCCESS);
     EXPECT_EQ(read(key.get(), "\xC3\xA4"), "<missing>");
 }
 
-TEST_F(RegistryTest, DeleteRules) {
+TEST_F(RegistryTest, DeleteRulesAndAccessRights) {
     Key parent = create("Software\\Del\\Child");
     Key del = open("Software\\Del");
     ASSERT_EQ(setDword(parent.get(), "v", 1), ERROR_SUCCESS);
-    EXPECT_EQ(RegDeleteKey(del.get(), "Missing"), ERROR_FILE_NOT_FOUND);
-    EXPECT_EQ(RegDeleteKey(HKEY_CURRENT_USER, "Software\\Del"), ERROR_ACCESS_DENIED);  // has a sub key
-    EXPECT_EQ(RegDeleteKey(HKEY_CURRENT_USER, ""), ERROR_ACCESS_DENIED);               // a root
-    EXPECT_EQ(RegDeleteKey(del.get(), nullptr), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(RegDeleteValue(del.get(), "missing"), ERROR_FILE_NOT_FOUND);
+    ASSERT_EQ(setDword(del.get(), "v", 5), ERROR_SUCCESS);
+    Key ro = open("Software\\Del", KEY_READ);
+    EXPECT_EQ(read(ro.get(), "v"), dword(5));
+    HKEY made = nullptr;
+    const std::pair<LSTATUS, LSTATUS> calls[] = {
+        {RegDeleteKey(del.get(), "Missing"), ERROR_FILE_NOT_FOUND},
+        {RegDeleteKey(HKEY_CURRENT_USER, "Software\\Del"), ERROR_ACCESS_DENIED},  // has a sub key
+        {RegDeleteKey(HKEY_CURRENT_USER, ""), ERROR_ACCESS_DENIED},               // a root
+        {RegDeleteKey(del.get(), nullptr), ERROR_INVALID_PARAMETER},
+        {RegDeleteValue(del.get(), "missing"), ERROR_FILE_NOT_FOUND},
+        {setDword(ro.get(), "v", 6), ERROR_ACCESS_DENIED},  // a read-only handle writes nothing
+        {RegDeleteValue(ro.get(), "v"), ERROR_ACCESS_DENIED},
+        {RegDeleteKey(ro.get(), "Child"), ERROR_ACCESS_DENIED},
+        {RegIncrementValue(ro.get(), "n", 1, nullptr), ERROR_ACCESS_DENIED},
+        {RegCreateKeyEx(ro.get(), "New", 0, nullptr, 0, KEY_READ, nullptr, &made, nullptr), ERROR_ACCESS_DENIED}};
+    for (size_t i = 0; i < std::size(calls); ++i) EXPECT_EQ(calls[i].first, calls[i].second) << "call " << i;
+    EXPECT_EQ(made, nullptr);
+    EXPECT_NE(create("Child", KEY_READ, ro.get()).get(), nullptr);  // opening what exists needs no right
+    EXPECT_EQ(read(open("Software\\Del\\Child", KEY_WRITE).get(), "v"), "<missing>");  // no KEY_QUERY_VALUE
 
     // The handle of the deleted key stays a handle: its calls fail until it is closed, and a
     // new key of the same name is not reached through it.
@@ -308,34 +287,13 @@ TEST_F(RegistryTest, DeleteRules) {
     EXPECT_EQ(setDword(parent.get(), "v", 2), ERROR_KEY_DELETED);
     Key recreated = create("Software\\Del\\Child");
     EXPECT_EQ(names(recreated.get()), Names{});
-    EXPECT_EQ(RegQueryInfoKey(parent.get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                              nullptr, nullptr, nullptr, nullptr),
+    EXPECT_EQ(RegQueryInfoKey(parent.get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                              nullptr, nullptr, nullptr),
               ERROR_KEY_DELETED);
     EXPECT_EQ(RegCloseKey(parent.release()), ERROR_SUCCESS);
-
     ASSERT_EQ(RegDeleteKey(recreated.get(), ""), ERROR_SUCCESS);  // the handle's own key
     ASSERT_EQ(RegDeleteKey(HKEY_CURRENT_USER, "Software\\Del"), ERROR_SUCCESS);
     EXPECT_EQ(open("Software\\Del").get(), nullptr);
-}
-
-TEST_F(RegistryTest, ReadOnlyHandleCannotWrite) {
-    create("Software\\RO\\Existing");
-    Key writable = open("Software\\RO");
-    ASSERT_EQ(setDword(writable.get(), "v", 5), ERROR_SUCCESS);
-    Key ro = open("Software\\RO", KEY_READ);
-    ASSERT_NE(ro.get(), nullptr);
-    EXPECT_EQ(read(ro.get(), "v"), dword(5));
-    EXPECT_EQ(setDword(ro.get(), "v", 6), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RegDeleteValue(ro.get(), "v"), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RegDeleteKey(ro.get(), "Existing"), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RegIncrementValue(ro.get(), "n", 1, nullptr), ERROR_ACCESS_DENIED);
-    HKEY out = nullptr;
-    EXPECT_EQ(RegCreateKeyEx(ro.get(), "New", 0, nullptr, 0, KEY_READ, nullptr, &out, nullptr), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(out, nullptr);
-    Key existing = create("Existing", KEY_READ, ro.get());  // opening what exists needs no right
-    EXPECT_NE(existing.get(), nullptr);
-    Key writeOnly = open("Software\\RO", KEY_WRITE);
-    EXPECT_EQ(read(writeOnly.get(), "v"), "<missing>");  // no KEY_QUERY_VALUE
 }
 
 TEST_F(RegistryTest, OnlyThisMachineConnects) {
@@ -343,53 +301,40 @@ TEST_F(RegistryTest, OnlyThisMachineConnects) {
     ASSERT_EQ(gethostname(host, sizeof host - 1), 0);
     const std::string uncHost = std::string("\\\\") + host;
     ASSERT_EQ(setDword(HKEY_LOCAL_MACHINE, "seen", 9), ERROR_SUCCESS);
-    for (const char* machine : {static_cast<const char*>(nullptr), "", "localhost", "\\\\LOCALHOST",
-                                static_cast<const char*>(host), uncHost.c_str()}) {
+    for (const char* machine : {"", "localhost", "\\\\LOCALHOST", static_cast<const char*>(host), uncHost.c_str(),
+                                "\\\\fileserver"}) {
         HKEY key = nullptr;
-        ASSERT_EQ(RegConnectRegistry(machine, HKEY_LOCAL_MACHINE, &key), ERROR_SUCCESS) << (machine ? machine : "null");
-        EXPECT_EQ(read(key, "seen"), dword(9));
-        EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+        const bool local = std::strcmp(machine, "\\\\fileserver") != 0;
+        EXPECT_EQ(RegConnectRegistry(machine, HKEY_LOCAL_MACHINE, &key), local ? ERROR_SUCCESS : ERROR_BAD_NETPATH);
+        EXPECT_EQ(read(key, "seen"), local ? dword(9) : "<missing>") << machine;
+        RegCloseKey(key);
     }
     HKEY key = nullptr;
-    EXPECT_EQ(RegConnectRegistry("\\\\fileserver", HKEY_LOCAL_MACHINE, &key), ERROR_BAD_NETPATH);
-    EXPECT_EQ(key, nullptr);
-    Key sub = create("Software");
-    EXPECT_EQ(RegConnectRegistry(nullptr, sub.get(), &key), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(RegConnectRegistry(nullptr, create("Software").get(), &key), ERROR_INVALID_HANDLE);
 }
 
-TEST_F(RegistryTest, StorePersistsAcrossReopen) {
+// Unusable store files are refused and left as they were; a good store is reached again after
+// them, with what it held.
+TEST_F(RegistryTest, StoresPersistAndUnusableOnesFailWithoutHarm) {
     Key key = create("Software\\Persist");
     ASSERT_EQ(setDword(key.get(), "v", 42), ERROR_SUCCESS);
-    const std::string other = dir_.filePath("other.sqlite").toStdString();
-    ASSERT_TRUE(RegSetStorePath(other.c_str()));
-    EXPECT_EQ(setDword(key.get(), "v", 1), ERROR_INVALID_HANDLE);  // opened on the closed store
-    EXPECT_EQ(open("Software\\Persist").get(), nullptr);
-    ASSERT_TRUE(RegSetStorePath(path_.c_str()));
-    EXPECT_EQ(read(open("Software\\Persist").get(), "v"), dword(42));
-    EXPECT_EQ(RegCloseKey(key.release()), ERROR_SUCCESS);
-}
-
-TEST_F(RegistryTest, UnusableStoreFailsWithoutHarm) {
     const std::string garbage = dir_.filePath("garbage.sqlite").toStdString();
     std::string junk(8192, '\0');
     for (size_t i = 0; i < junk.size(); ++i) junk[i] = char(i * 131 + 7);
-    {
-        QFile f(QString::fromStdString(garbage));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(junk.data(), qint64(junk.size()));
-    }
+    QFile file(QString::fromStdString(garbage));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(junk.data(), qint64(junk.size())) == 8192);
+    file.close();
     EXPECT_FALSE(RegSetStorePath(garbage.c_str()));
-    HKEY key = nullptr;
-    EXPECT_EQ(RegCreateKeyEx(HKEY_CURRENT_USER, "Software", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+    EXPECT_EQ(setDword(key.get(), "v", 1), ERROR_INVALID_HANDLE);  // opened on the closed store
+    HKEY made = nullptr;
+    EXPECT_EQ(RegCreateKeyEx(HKEY_CURRENT_USER, "Software", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &made, nullptr),
               ERROR_BADDB);
-    EXPECT_EQ(key, nullptr);
-    EXPECT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, "Software", 0, KEY_READ, &key), ERROR_BADDB);
-    EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), ERROR_BADDB);
+    EXPECT_EQ(made, nullptr);
+    EXPECT_EQ(RegOpenKeyEx(HKEY_CURRENT_USER, "Software", 0, KEY_READ, &made), ERROR_BADDB);
     DWORD size = 0;
     EXPECT_EQ(RegQueryValueEx(HKEY_CURRENT_USER, "v", nullptr, nullptr, nullptr, &size), ERROR_BADDB);
-    QFile f(QString::fromStdString(garbage));
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    EXPECT_EQ(f.readAll().toStdString(), junk);  // left exactly as it was
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().toStdString(), junk);
 
     // Another program's SQLite database is no registry; a folder through a file cannot be made.
     const std::string foreign = dir_.filePath("foreign.sqlite").toStdString();
@@ -400,20 +345,21 @@ TEST_F(RegistryTest, UnusableStoreFailsWithoutHarm) {
     const std::string blocked = garbage + "/sub/registry.sqlite";
     for (const auto& [store, error] : {std::pair{foreign, ERROR_BADDB}, std::pair{blocked, ERROR_CANTWRITE},
                                        std::pair{path_, ERROR_SUCCESS}}) {
-        EXPECT_EQ(RegSetStorePath(store.c_str()), error == ERROR_SUCCESS) << store;  // a good store works again
+        EXPECT_EQ(RegSetStorePath(store.c_str()), error == ERROR_SUCCESS) << store;
         EXPECT_EQ(setDword(HKEY_CURRENT_USER, "v", 1), error) << store;
     }
+    EXPECT_EQ(read(open("Software\\Persist").get(), "v"), dword(42));
+    EXPECT_EQ(RegCloseKey(key.release()), ERROR_SUCCESS);
 }
 
 TEST_F(RegistryTest, IncrementCountsAndChecksType) {
     Key key = create("Software\\Count");
-    DWORD value = 0;
+    DWORD value = 0, type = 0;
     EXPECT_EQ(RegIncrementValue(key.get(), "n", 5, &value), ERROR_SUCCESS);
     EXPECT_EQ(value, 5u);
     EXPECT_EQ(RegIncrementValue(key.get(), "N", -6, &value), ERROR_SUCCESS);
     EXPECT_EQ(value, 0xFFFFFFFFu);
-    DWORD type = 0;
-    EXPECT_EQ(read(key.get(), "n", &type), std::string("\xFF\xFF\xFF\xFF", 4));
+    EXPECT_EQ(read(key.get(), "n", &type), dword(0xFFFFFFFFu));
     EXPECT_EQ(type, REG_DWORD);
     ASSERT_EQ(RegSetValueEx(key.get(), "s", 0, REG_SZ, bytes("1"), 2), ERROR_SUCCESS);
     EXPECT_EQ(RegIncrementValue(key.get(), "s", 1, &value), ERROR_INVALID_PARAMETER);
@@ -427,16 +373,71 @@ TEST_F(RegistryTest, ThreadsShareTheStore) {
             const std::string name = tag + std::to_string(i);
             EXPECT_EQ(setDword(key.get(), name.c_str(), DWORD(i)), ERROR_SUCCESS);
             EXPECT_EQ(RegIncrementValue(key.get(), "total", 1, nullptr), ERROR_SUCCESS);
-            Key sub = create(name.c_str(), KEY_READ, key.get());
+            create(name.c_str(), KEY_READ, key.get());
         }
     };
     std::thread a(work, 'a'), b(work, 'b');
     a.join();
     b.join();
-    DWORD subKeys = 0;
-    EXPECT_EQ(values(key.get(), &subKeys), 201u);
-    EXPECT_EQ(subKeys, 200u);
+    EXPECT_EQ(names(key.get()).size(), 201u);
+    EXPECT_EQ(names(key.get(), true).size(), 200u);
     EXPECT_EQ(read(key.get(), "total"), dword(200));
+}
+
+TEST_F(RegistryTest, SettingsRoundTripAndAClosedKeyGivesDefaults) {
+    CKTRegistry reg;
+    EXPECT_EQ(reg.GetInt("i", -3), -3);
+    EXPECT_EQ(reg.GetString("s", "dflt"), "dflt");
+    EXPECT_FALSE(reg.SetInt("i", 1) || reg.SetString("s", "x"));
+    EXPECT_EQ(reg.Open(nullptr, "Software"), nullptr);
+
+    ASSERT_NE(reg.Open(HKEY_CURRENT_USER, "Software\\Quillbox\\Test"), nullptr);
+    EXPECT_TRUE(reg.SetInt("int", -12345) && reg.SetBOOL("bool", 7) && reg.SetDWORD("dword", 0xFFFFFFF0u));
+    EXPECT_TRUE(reg.SetString("string", "h\xC3\xA9llo") && reg.SetString("empty", nullptr));
+    EXPECT_EQ(reg.GetInt("int", 0), -12345);
+    EXPECT_EQ(reg.GetBOOL("bool", FALSE), TRUE);
+    EXPECT_EQ(reg.GetDWORD("dword", 0), 0xFFFFFFF0u);
+    EXPECT_EQ(reg.GetInt("dword", 0), -16);
+    EXPECT_EQ(reg.GetString("string", ""), "h\xC3\xA9llo");
+    EXPECT_EQ(reg.GetString("empty", "x"), "");
+    // Stored as REG_SZ with its NUL, as other programs expect.
+    DWORD type = 0, size = 0;
+    ASSERT_EQ(RegQueryValueEx(reg, "string", nullptr, &type, nullptr, &size), ERROR_SUCCESS);
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(size, 7u);
+
+    // Reopening below its own key works, and the values persist in the new object.
+    ASSERT_NE(reg.Open(reg, "Child"), nullptr);
+    EXPECT_TRUE(reg.SetInt("deep", 1));
+    CKTRegistry again;
+    again.Open(HKEY_CURRENT_USER, "software\\quillbox\\test");
+    EXPECT_EQ(again.GetInt("INT", 0), -12345);
+    EXPECT_NE(CKTRegistry().Open(again, "CHILD"), nullptr);
+    reg.Close();
+    EXPECT_EQ(reg.GetInt("deep", 6), 6);
+}
+
+TEST_F(RegistryTest, GlobalFontSettings) {
+    EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 10);
+    const CString font = CKTMgrSetting::GetGlobalFontName();
+    EXPECT_TRUE(QFontDatabase::families().contains(font.toQString()) ||
+                font == QFontDatabase::systemFont(QFontDatabase::FixedFont).family().toUtf8().constData())
+        << font.c_str();
+
+    CKTMgrSetting settings(0);
+    ASSERT_NE(settings.GetKey(), nullptr);
+    EXPECT_TRUE(settings.SetString("Global Font Name", "Courier Prime") && settings.SetInt("Global Font Height", 13));
+    EXPECT_EQ(CKTMgrSetting::GetGlobalFontName(), "Courier Prime");
+    EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 13);
+    EXPECT_TRUE(settings.SetInt("Global Font Height", 0));
+    EXPECT_EQ(CKTMgrSetting::GetGlobalFontHeight(), 10);
+
+    CKTRegistry reg;
+    ASSERT_NE(reg.Open(HKEY_CURRENT_USER, CKTMgrSetting::SettingsKeyPath()), nullptr);
+    EXPECT_EQ(reg.GetString("Global Font Name", ""), "Courier Prime");
+    CKTMgrSetting unopened;
+    EXPECT_EQ(unopened.GetKey(), nullptr);
+    EXPECT_NE(unopened.Create(0), nullptr);
 }
 
 }  // namespace
