@@ -10,84 +10,46 @@
 #include "ScratchRegistry.h"
 
 namespace {
-QByteArray fileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-class EditorHostTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        path = dir.filePath("orders.sql");
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("select 1;\n");
-        file.close();
-        ASSERT_TRUE(host.create());
-        ASSERT_TRUE(host.open(path.toUtf8().constData()));
-        host.window().show();
-    }
-    void type(const char* text) { host.editor().SendMessage(SCI_ADDTEXT, std::strlen(text), reinterpret_cast<LPARAM>(text)); }
-
-    ScratchRegistry registry;
-    QTemporaryDir dir;
-    QString path;
-    EditorHost host{CString()};
-};
+QByteArray withLf(QByteArray text) { return text.replace("\r\n", "\n"); }
 }  // namespace
 
-TEST_F(EditorHostTest, TitleNamesTheFileAndMarksUnsavedChanges) {
-    EXPECT_TRUE(host.window().windowTitle().startsWith("orders.sql[*]"));
-    EXPECT_FALSE(host.window().isWindowModified());
-    type("x");
-    EXPECT_TRUE(host.window().isWindowModified());
-    host.editor().SendMessage(SCI_UNDO);
-    EXPECT_FALSE(host.window().isWindowModified());
-}
-
-TEST_F(EditorHostTest, ClosingWithUnsavedChangesDoesWhatTheAnswerSays) {
-    struct Case {
-        EditorHost::CloseAnswer answer;
-        bool closes;
-        QByteArray onDisk;
-    };
+TEST(EditorHostTest, TheTitleMarksChangesAndClosingDoesWhatTheAnswerSays) {
+    ScratchRegistry registry;
+    QTemporaryDir dir;
+    const QString path = dir.filePath("orders.sql");
+    struct Case { const char* typed; EditorHost::CloseAnswer answer; bool closes; QByteArray onDisk; int asked; };
     const Case cases[] = {
-        {EditorHost::CloseAnswer::Cancel, false, "select 1;\n"},
-        {EditorHost::CloseAnswer::Discard, true, "select 1;\n"},
-        {EditorHost::CloseAnswer::Save, true, "-- new\nselect 1;\n"},
+        {"", EditorHost::CloseAnswer::Cancel, true, "select 1;\n", 0},  // without changes nothing is asked
+        {"-- new\n", EditorHost::CloseAnswer::Cancel, false, "select 1;\n", 1},
+        {"-- new\n", EditorHost::CloseAnswer::Discard, true, "select 1;\n", 1},
+        {"-- new\n", EditorHost::CloseAnswer::Save, true, "-- new\nselect 1;\n", 1},
     };
     for (const Case& c : cases) {
-        EditorHost other{CString()};
-        ASSERT_TRUE(other.create());
+        SCOPED_TRACE(int(c.answer));
         QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("select 1;\n");
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("select 1;\n") == 10);
         file.close();
-        ASSERT_TRUE(other.open(path.toUtf8().constData()));
-        other.window().show();
+        EditorHost host{CString()};
+        ASSERT_TRUE(host.create() && host.open(path.toUtf8().constData()));
+        host.window().show();
+        EXPECT_TRUE(host.window().windowTitle().startsWith("orders.sql[*]"));
+        EXPECT_FALSE(host.window().isWindowModified());
+        host.editor().SendMessage(SCI_ADDTEXT, strlen(c.typed), reinterpret_cast<LPARAM>(c.typed));
+        EXPECT_EQ(host.window().isWindowModified(), *c.typed != 0);
         int asked = 0;
-        other.setCloseQuestion([&](const QString& name) {
-            ++asked;
+        host.setCloseQuestion([&](const QString& name) {
             EXPECT_EQ(name, "orders.sql");
-            return c.answer;
+            return ++asked, c.answer;
         });
-        other.editor().SendMessage(SCI_ADDTEXT, 7, reinterpret_cast<LPARAM>("-- new\n"));
-        const QByteArray typed = QByteArray(other.editor().GetText().c_str()).replace("\r\n", "\n");
-        EXPECT_EQ(other.window().close(), c.closes);
-        EXPECT_EQ(asked, 1);
-        EXPECT_EQ(fileBytes(path).replace("\r\n", "\n"), c.onDisk);  // the save writes the window's line ends
+        const QByteArray typed = withLf(host.editor().GetText().c_str());
+        EXPECT_EQ(host.window().close(), c.closes);
+        EXPECT_EQ(asked, c.asked);
+        QFile saved(path);
+        EXPECT_TRUE(saved.open(QIODevice::ReadOnly));
+        EXPECT_EQ(withLf(saved.readAll()), c.onDisk);  // the save writes the window's line ends
         // Asking never loses the text (a save may turn its line ends into the file's).
-        EXPECT_EQ(QByteArray(other.editor().GetText().c_str()).replace("\r\n", "\n"), typed);
+        EXPECT_EQ(withLf(host.editor().GetText().c_str()), typed);
+        if (*c.typed) host.editor().SendMessage(SCI_UNDO);  // an undo back to the save point clears the mark
+        EXPECT_EQ(host.window().isWindowModified(), c.answer == EditorHost::CloseAnswer::Save);
     }
-}
-
-TEST_F(EditorHostTest, ClosingWithoutChangesAsksNothing) {
-    int asked = 0;
-    host.setCloseQuestion([&](const QString&) {
-        ++asked;
-        return EditorHost::CloseAnswer::Cancel;
-    });
-    EXPECT_TRUE(host.window().close());
-    EXPECT_EQ(asked, 0);
 }

@@ -1,6 +1,8 @@
 #pragma once
 // An application editor window on a frame, with its protected members open to tests and a
 // registry of its own.
+#include <QTest>
+
 #include "CKTRegistry.h"
 #include "CKTScinWnd.h"
 #include "ScratchRegistry.h"
@@ -8,28 +10,21 @@
 
 class TestAppWindow : public CKTScinWnd {
 public:
-    using CKTScinWnd::FoldChanged;
-    using CKTScinWnd::fileBackup;
-    using CKTScinWnd::fontSetting;
-    using CKTScinWnd::keyWordUsingPreCreate;
-    using CKTScinWnd::SendEditor;
-    using CKTScinWnd::setForegroundColor;
-    using CKTScinWnd::blankAfterComment;
+    using CKTScinWnd::FoldChanged, CKTScinWnd::fileBackup, CKTScinWnd::fontSetting, CKTScinWnd::SendEditor,
+        CKTScinWnd::setForegroundColor, CKTScinWnd::blankAfterComment;
     int modifiedCalls = 0;
     bool lastModified = false;
-    void OnModified(bool modified) override {
-        ++modifiedCalls;
-        lastModified = modified;
-    }
+    void OnModified(bool modified) override { ++modifiedCalls, lastModified = modified; }
 };
 
 // The window is made by create(), after a test has set what counts only before creation.
 class AppWindowTest : public WindowHostTest<TestAppWindow> {
 protected:
-    void create(int keywords = 1) {
-        window->SetKeyWordUsingPreCreate(keywords != 0);
+    void create(bool keywords = true) {
+        window->SetKeyWordUsingPreCreate(keywords);
         createChild(7);
     }
+    void key(int k, Qt::KeyboardModifiers m = Qt::NoModifier) { QTest::keyClick(window->GetSafeHwnd(), Qt::Key(k), m); }
 
     ScratchRegistry registry;
 };

@@ -1,74 +1,41 @@
 // When the engine window cannot be made the user is told, and the launcher starts if asked.
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QFile>
 #include <QImage>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "AppWindow.h"
 #include "CEditorFailDlg.h"
 #include "CKTUtil.h"
 
-namespace {
-// A "Launcher" beside the test program that leaves a mark when it runs.
-class FakeLauncher {
-public:
-    FakeLauncher() : path_(CKTFile::GetAppFolder().toQString() + "/Launcher"), mark_(dir_.filePath("ran")) {
-        QFile script(path_);
-        script.open(QIODevice::WriteOnly);
-        script.write(QString("#!/bin/sh\ntouch '%1'\n").arg(mark_).toUtf8());
+TEST_F(AppWindowTest, FailedCreationAsksAndStartsTheLauncherOnlyWhenAskedTo) {
+    const QString launcher = CKTFile::GetAppFolder().toQString() + "/Launcher";
+    CWnd noWindow;  // a parent without a window makes creation fail
+    for (auto [button, check] : {std::pair{IDOK, false}, {IDCANCEL, true}, {IDOK, true}}) {
+        // A "Launcher" beside the test program that leaves a mark when it runs.
+        QTemporaryDir dir;
+        const QString mark = dir.filePath("ran");
+        QFile script(launcher);
+        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write(QString("#!/bin/sh\ntouch '%1'\n").arg(mark).toUtf8());
         script.close();
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    ~FakeLauncher() { QFile::remove(path_); }
-    bool ran() {
-        for (int i = 0; i < 50 && !QFile::exists(mark_); ++i) QTest::qWait(20);
-        return QFile::exists(mark_);
-    }
-
-private:
-    QTemporaryDir dir_;
-    QString path_;
-    QString mark_;
-};
-
-// Answers the failure dialog with a button and the check box state.
-struct Answer {
-    int button;
-    bool checkLauncher;
-};
-
-DialogHook answer(Answer a, int* shown) {
-    return [a, shown](CDialog& dialog) {
-        ++*shown;
-        EXPECT_STREQ(dialog.GetRuntimeClassName(), "CEditorFailDlg");
-        qobject_cast<QCheckBox*>(dialog.GetDlgItem(CEditorFailDlg::IDC_RUN_LAUNCHER))->setChecked(a.checkLauncher);
-        return a.button;
-    };
-}
-}  // namespace
-
-TEST_F(AppWindowTest, FailedCreationAsksAndStartsTheLauncherOnlyWhenAskedTo) {
-    CWnd noWindow;  // a parent without a window makes creation fail
-    for (Answer a : {Answer{IDOK, false}, Answer{IDCANCEL, true}}) {
-        FakeLauncher launcher;
         int shown = 0;
-        DialogHook previous = SetDialogHook(answer(a, &shown));
+        DialogHook previous = SetDialogHook([&](CDialog& dialog) {
+            ++shown;
+            EXPECT_STREQ(dialog.GetRuntimeClassName(), "CEditorFailDlg");
+            qobject_cast<QCheckBox*>(dialog.GetDlgItem(CEditorFailDlg::IDC_RUN_LAUNCHER))->setChecked(check);
+            return button;
+        });
         TestAppWindow failing;
         EXPECT_EQ(failing.Create("x", WS_CHILD, RECT{0, 0, 10, 10}, &noWindow, 1), 0);
         SetDialogHook(previous);
         EXPECT_EQ(shown, 1);
-        EXPECT_FALSE(launcher.ran());
+        for (int i = 0; i < 50 && !QFile::exists(mark); ++i) QTest::qWait(20);
+        EXPECT_EQ(QFile::exists(mark), button == IDOK && check);
+        QFile::remove(launcher);
     }
-    FakeLauncher launcher;
-    int shown = 0;
-    DialogHook previous = SetDialogHook(answer({IDOK, true}, &shown));
-    TestAppWindow failing;
-    EXPECT_EQ(failing.Create("x", WS_CHILD, RECT{0, 0, 10, 10}, &noWindow, 1), 0);
-    SetDialogHook(previous);
-    EXPECT_TRUE(launcher.ran());
 }
 
 TEST(FailureDialog, LaysOutItsControlsInDialogUnits) {

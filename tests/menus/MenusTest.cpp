@@ -1,10 +1,7 @@
 // The context menu of the application editor window, the update walk over its items, and the
 // commands behind them, driven by right clicks, keys and a scripted menu choice.
 #include <QContextMenuEvent>
-#include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
 
 #include <fstream>
 #include <map>
@@ -20,51 +17,39 @@
 #include "Resources.h"
 
 namespace {
-// What one opening of a menu showed: every command id with its state, by position path.
-struct MenuSeen {
-    int opened = 0;
-    std::vector<UINT> topLevel;
-    std::map<UINT, UINT> states;  // id -> MF_GRAYED etc., submenus included
-    std::vector<UINT> popupStates;
-};
-
-void collect(CMenu& menu, MenuSeen& seen, bool top) {
-    for (int i = 0; i < menu.GetMenuItemCount(); ++i) {
-        const UINT id = menu.GetMenuItemID(i);
-        if (top) seen.topLevel.push_back(id);
-        if (CMenu* sub = menu.GetSubMenu(i)) {
-            seen.popupStates.push_back(menu.GetMenuState(UINT(i), MF_BYPOSITION));
-            collect(*sub, seen, false);
-        } else if (id != 0) {
-            seen.states[id] = menu.GetMenuState(UINT(i), MF_BYPOSITION);
-        }
-    }
-}
-
-// Answers the context menu: records it, then picks `choose` (0 for none).
+// Answers the context menu: records every command id with its state (submenus included),
+// the top level's ids and the submenus' states, then picks `choose` (0 for none).
 class MenuScript {
 public:
     explicit MenuScript(UINT choose = 0) {
-        previous_ = SetTrackPopupHook([this, choose](CMenu& menu, POINT at, CWnd*) -> UINT {
-            seen = MenuSeen{seen.opened + 1, {}, {}, {}};
-            where = at;
-            collect(menu, seen, true);
+        previous_ = SetTrackPopupHook([this, choose](CMenu& menu, POINT, CWnd*) -> UINT {
+            ++opened, topLevel.clear(), states.clear(), popupStates.clear();
+            collect(menu, true);
             return choose;
         });
     }
     ~MenuScript() { SetTrackPopupHook(previous_); }
-    bool has(UINT id) const { return seen.states.count(id) != 0; }
-    bool enabled(UINT id) const { return has(id) && (seen.states.at(id) & MF_GRAYED) == 0; }
-    MenuSeen seen;
-    POINT where{};
+    void collect(CMenu& menu, bool top) {
+        for (int i = 0; i < menu.GetMenuItemCount(); ++i) {
+            const UINT id = menu.GetMenuItemID(i);
+            if (top) topLevel.push_back(id);
+            if (CMenu* sub = menu.GetSubMenu(i)) {
+                popupStates.push_back(menu.GetMenuState(UINT(i), MF_BYPOSITION));
+                collect(*sub, false);
+            } else if (id != 0) {
+                states[id] = menu.GetMenuState(UINT(i), MF_BYPOSITION);
+            }
+        }
+    }
+    bool has(UINT id) const { return states.count(id) != 0; }
+    bool enabled(UINT id) const { return has(id) && (states.at(id) & MF_GRAYED) == 0; }
+    long onTop(UINT id) const { return std::count(topLevel.begin(), topLevel.end(), id); }
+    int opened = 0;
+    std::vector<UINT> topLevel, popupStates;
+    std::map<UINT, UINT> states;
 
 private:
     TrackPopupHook previous_;
-};
-
-struct BoxSeen {
-    std::string text, caption;
-    UINT type = 0;
 };
 
 class MenusTest : public AppWindowTest {
@@ -75,156 +60,128 @@ protected:
         window->SetText("select a\nfrom t\nwhere x = 1\n", 0);
         send(SCI_EMPTYUNDOBUFFER);
     }
-    // A right click at a point of the text area, in the window's own coordinates.
+    // A right click at a position of the text, or at a point of another window.
+    void rightClick(long position) {
+        rightClick(QPoint(int(send(SCI_POINTXFROMPOSITION, 0, position)), int(send(SCI_POINTYFROMPOSITION, 0, position)) + 2));
+    }
     void rightClick(QPoint at, CWnd* target = nullptr) {
         QWidget* viewport = static_cast<QuillEngine*>((target ? target : window.get())->GetSafeHwnd())->viewport();
         QContextMenuEvent event(QContextMenuEvent::Mouse, at, viewport->mapToGlobal(at));
         QCoreApplication::sendEvent(viewport, &event);
     }
-    QPoint pointOf(long position) {
-        return QPoint(int(send(SCI_POINTXFROMPOSITION, 0, position)), int(send(SCI_POINTYFROMPOSITION, 0, position)) + 2);
-    }
 };
+}  // namespace
 
 TEST_F(MenusTest, ARightClickOpensTheEditorsMenuAndItsChoiceRuns) {
     MenuScript script(cmd::ToggleBookmark);
     const long target = send(SCI_POSITIONFROMLINE, 1) + 2;
-    rightClick(pointOf(target));
-    ASSERT_EQ(script.seen.opened, 1);
+    rightClick(target);
+    ASSERT_EQ(script.opened, 1);
     // No selection: the caret went to the click before the menu opened, and the command ran there.
     EXPECT_EQ(send(SCI_GETCURRENTPOS), target);
     EXPECT_EQ(send(SCI_MARKERGET, 1), 1);
     // The editor's menu: editing rows first, the case commands in a submenu of their own.
-    EXPECT_EQ(script.seen.topLevel.front(), cmd::EditUndo);
-    EXPECT_TRUE(script.has(cmd::LowerCase));
-    EXPECT_EQ(std::count(script.seen.topLevel.begin(), script.seen.topLevel.end(), cmd::LowerCase), 0);
-    EXPECT_TRUE(script.has(cmd::ClearAllBookmarks));
-}
+    EXPECT_EQ(script.topLevel.front(), cmd::EditUndo);
+    EXPECT_TRUE(script.has(cmd::LowerCase) && script.has(cmd::ClearAllBookmarks));
+    EXPECT_EQ(script.onTop(cmd::LowerCase), 0);
 
-TEST_F(MenusTest, AClickBesideASelectionKeepsItAndSwitchedOffMenusDoNothing) {
-    MenuScript script;
+    // A click beside a selection keeps it; switched-off menus neither open nor move the caret.
     send(SCI_SETSEL, 0, 6);
-    rightClick(pointOf(send(SCI_POSITIONFROMLINE, 2)));
-    EXPECT_EQ(script.seen.opened, 1);
+    rightClick(send(SCI_POSITIONFROMLINE, 2));
+    EXPECT_EQ(script.opened, 2);
     EXPECT_EQ(send(SCI_GETSELECTIONSTART), 0);
     EXPECT_EQ(send(SCI_GETSELECTIONEND), 6);
-
     send(SCI_SETEMPTYSELECTION, 0);
     window->ShowPopupMenu(false);
-    rightClick(pointOf(20));
+    rightClick(20);
     window->ShowPopupMenu(true);
     window->SetPopupMenu(UINT(-1), 0);
-    rightClick(pointOf(20));
-    EXPECT_EQ(script.seen.opened, 1);
-    EXPECT_EQ(send(SCI_GETCURRENTPOS), 0);  // the caret did not move either
+    rightClick(20);
+    EXPECT_EQ(script.opened, 2);
+    EXPECT_EQ(send(SCI_GETCURRENTPOS), 0);
 }
 
 TEST_F(MenusTest, HiddenIdsLeaveOnlyTheTopLevelAndRemovedIdsLeaveEverywhere) {
     MenuScript script;
     std::vector<int> hide{int(cmd::LowerCase), int(cmd::EditUndo), int(cmd::DeleteChar)};
     window->SetHideMenuID(hide);
-    rightClick(pointOf(0));
+    rightClick(0);
     EXPECT_TRUE(script.has(cmd::LowerCase));  // it stands only in a submenu
     EXPECT_FALSE(script.has(cmd::EditUndo));
-    // "Delete" stands twice at the top level: only the first goes.
-    EXPECT_EQ(std::count(script.seen.topLevel.begin(), script.seen.topLevel.end(), cmd::DeleteChar), 1);
+    EXPECT_EQ(script.onTop(cmd::DeleteChar), 1);  // "Delete" stands twice at the top level: only the first goes
     window->SetHideMenuID(hide = {});
 
     CUIntArray remove;
-    remove.Add(cmd::LowerCase);
-    remove.Add(cmd::Find);
-    remove.Add(cmd::DeleteChar);
+    for (UINT id : {cmd::LowerCase, cmd::Find, cmd::DeleteChar}) remove.Add(id);
     window->SetRemovePopupMenu(remove);
-    rightClick(pointOf(0));
-    EXPECT_FALSE(script.has(cmd::LowerCase));
-    EXPECT_FALSE(script.has(cmd::Find));
-    EXPECT_EQ(std::count(script.seen.topLevel.begin(), script.seen.topLevel.end(), cmd::DeleteChar), 0);
+    rightClick(0);
+    EXPECT_FALSE(script.has(cmd::LowerCase) || script.has(cmd::Find));
+    EXPECT_EQ(script.onTop(cmd::DeleteChar), 0);
 
     // Each opening starts from the resource again, and an empty list clears the earlier one.
-    CUIntArray none;
-    window->SetRemovePopupMenu(none);
-    std::vector<int> noHide;
-    window->SetHideMenuID(noHide);
-    rightClick(pointOf(0));
-    EXPECT_TRUE(script.has(cmd::LowerCase));
-    EXPECT_TRUE(script.has(cmd::Find));
-    EXPECT_TRUE(script.has(cmd::EditUndo));
+    remove.RemoveAll();
+    window->SetRemovePopupMenu(remove);
+    window->SetHideMenuID(hide);
+    rightClick(0);
+    EXPECT_TRUE(script.has(cmd::LowerCase) && script.has(cmd::Find) && script.has(cmd::EditUndo));
 }
 
 TEST_F(MenusTest, UpdateHandlersFollowSelectionReadOnlyAndContent) {
     MenuScript script;
-    rightClick(pointOf(0));
-    EXPECT_FALSE(script.enabled(cmd::EditCopy));
-    EXPECT_FALSE(script.enabled(cmd::EditCut));
-    EXPECT_FALSE(script.enabled(cmd::EditUndo));
-    EXPECT_TRUE(script.enabled(cmd::EditClear));
-    EXPECT_TRUE(script.enabled(cmd::Find));  // no update handler: it keeps its state
-
-    window->ReplaceSelection("x");
-    send(SCI_SETSEL, 0, 3);
-    rightClick(pointOf(1));
-    EXPECT_TRUE(script.enabled(cmd::EditCopy));
-    EXPECT_TRUE(script.enabled(cmd::EditCut));
-    EXPECT_TRUE(script.enabled(cmd::EditUndo));
-
-    send(SCI_SETREADONLY, 1);
-    rightClick(pointOf(1));
-    EXPECT_TRUE(script.enabled(cmd::EditCopy));
-    EXPECT_FALSE(script.enabled(cmd::EditCut));
-    EXPECT_FALSE(script.enabled(cmd::EditPaste));
-    send(SCI_SETREADONLY, 0);
-
-    window->Empty();
-    rightClick(pointOf(0));
-    EXPECT_FALSE(script.enabled(cmd::EditClear));
+    struct Row { std::function<void()> change; long at; std::vector<UINT> enabled, disabled; };
+    const Row rows[] = {
+        // Find has no update handler: it keeps its state.
+        {[] {}, 0, {cmd::EditClear, cmd::Find}, {cmd::EditCopy, cmd::EditCut, cmd::EditUndo}},
+        {[&] { window->ReplaceSelection("x"), send(SCI_SETSEL, 0, 3); }, 1, {cmd::EditCopy, cmd::EditCut, cmd::EditUndo}, {}},
+        {[&] { send(SCI_SETREADONLY, 1); }, 1, {cmd::EditCopy}, {cmd::EditCut, cmd::EditPaste}},
+        {[&] { send(SCI_SETREADONLY, 0), window->Empty(); }, 0, {}, {cmd::EditClear}},
+    };
+    for (const Row& row : rows) {
+        row.change();
+        rightClick(row.at);
+        for (UINT id : row.enabled) EXPECT_TRUE(script.enabled(id)) << id;
+        for (UINT id : row.disabled) EXPECT_FALSE(script.enabled(id)) << id;
+    }
 }
 
-TEST_F(MenusTest, ASubmenuGoesGreyWhenItsFirstCommandHasNoHandler) {
+TEST_F(MenusTest, ASubmenuGoesGreyOnlyWhenItsFirstCommandHasNoHandler) {
+    // "Copy to Clipboard" opens with Copy as Selected Code, disabled without a selection; the
+    // languages in it must stay reachable.
     RegisterMenuResource(9100, {{0, "Host", {{9001, "Unhandled", {}},
                                              {0, "Nothing here", {{9002, "Unhandled too", {}}}},
-                                             {0, "Case", {{cmd::LowerCase, "Lower", {}}}}}}});
+                                             {0, "Case", {{cmd::LowerCase, "Lower", {}}}},
+                                             {0, "Code", {{cmd::EditCopy, "Copy", {}}, {cmd::EditSelectAll, "All", {}}}}}}});
     MenuScript script;
     window->SetPopupMenu(9100, 0);
-    rightClick(pointOf(0));
-    ASSERT_EQ(script.seen.popupStates.size(), 2u);
-    EXPECT_NE(script.seen.popupStates[0] & MF_GRAYED, 0u);
-    EXPECT_EQ(script.seen.popupStates[1] & MF_GRAYED, 0u);
+    rightClick(0);
+    ASSERT_EQ(script.popupStates.size(), 3u);
+    EXPECT_NE(script.popupStates[0] & MF_GRAYED, 0u);
+    EXPECT_EQ(script.popupStates[1] & MF_GRAYED, 0u);
+    EXPECT_EQ(script.popupStates[2] & MF_GRAYED, 0u);
     EXPECT_TRUE(script.enabled(9001));  // a command without handlers keeps its state
 }
 
-TEST_F(MenusTest, ASubmenuStaysOpenWhenItsFirstCommandIsMerelyDisabled) {
-    // "Copy to Clipboard" opens with Copy as Selected Code, disabled without a selection; the
-    // languages in it must stay reachable.
-    RegisterMenuResource(9101, {{0, "Host", {{0, "Code", {{cmd::EditCopy, "Copy", {}}, {cmd::EditSelectAll, "All", {}}}}}}});
-    MenuScript script;
-    window->SetPopupMenu(9101, 0);
-    rightClick(pointOf(0));
-    ASSERT_EQ(script.seen.popupStates.size(), 1u);
-    EXPECT_EQ(script.seen.popupStates[0] & MF_GRAYED, 0u);
-}
-
 TEST_F(MenusTest, AMissingMenuOrPopupIsReportedAndNothingOpens) {
-    std::vector<BoxSeen> boxes;
+    std::vector<std::tuple<std::string, std::string, UINT>> boxes;  // text, caption, type
     MessageBoxHook previous = SetMessageBoxHook([&](const char* text, const char* caption, UINT type) {
-        boxes.push_back({text, caption ? caption : "", type});
-        return IDOK;
+        return boxes.emplace_back(text, caption ? caption : "", type), IDOK;
     });
     MenuScript script;
     window->SetPopupMenu(4242, 0);
-    rightClick(pointOf(0));
+    rightClick(0);
     window->SetPopupMenu(IDR_EDITOR_MENU, 3);
-    rightClick(pointOf(0));
+    rightClick(0);
     SetMessageBoxHook(previous);
-    EXPECT_EQ(script.seen.opened, 0);
+    EXPECT_EQ(script.opened, 0);
     ASSERT_EQ(boxes.size(), 2u);
-    EXPECT_EQ(boxes[0].caption, "Error");
-    EXPECT_EQ(boxes[0].type & 0xF0, MB_ICONINFORMATION);
-    EXPECT_FALSE(boxes[0].text.empty());
-    EXPECT_EQ(boxes[1].text, "Cannot Load Menu");
-    EXPECT_EQ(boxes[1].type & 0xF0, MB_ICONSTOP);
+    EXPECT_FALSE(std::get<0>(boxes[0]).empty());
+    EXPECT_EQ(std::get<1>(boxes[0]), "Error");
+    EXPECT_EQ(std::get<2>(boxes[0]) & 0xF0, MB_ICONINFORMATION);
+    EXPECT_EQ(std::get<0>(boxes[1]), "Cannot Load Menu");
+    EXPECT_EQ(std::get<2>(boxes[1]) & 0xF0, MB_ICONSTOP);
 }
 
-TEST_F(MenusTest, AHostsCommandBarsShowThePopupInsteadOfTheFrameworks) {
+TEST_F(MenusTest, AHostsCommandBarsAndTheViewerShowTheirOwnMenus) {
     struct Bars : CXTPCommandBars {
         int shown = 0;
         BOOL TrackPopupMenu(CMenu* popup, UINT flags, int, int, CWnd* owner) override {
@@ -237,17 +194,14 @@ TEST_F(MenusTest, AHostsCommandBarsShowThePopupInsteadOfTheFrameworks) {
     } bars;
     MenuScript script;
     window->SetCommandBar(&bars);
-    rightClick(pointOf(0));
+    rightClick(0);
     EXPECT_EQ(bars.shown, 1);
-    EXPECT_EQ(script.seen.opened, 0);
+    EXPECT_EQ(script.opened, 0);
     EXPECT_EQ(send(SCI_GETSELECTIONEND), send(SCI_GETLENGTH));
-}
 
-TEST_F(MenusTest, TheViewerAndTheSqlWindowOpenTheirOwnMenus) {
     CKTScinReadWnd viewer;
     CRect rect(0, 0, 300, 200);
     ASSERT_NE(viewer.Create("out", rect, frame.get(), 0), 0);
-    MenuScript script;
     rightClick(QPoint(5, 5), &viewer);
     EXPECT_TRUE(script.has(cmd::FileSaveAsInternal));
     EXPECT_FALSE(script.enabled(cmd::FileSaveAsInternal));  // nothing to save yet
@@ -255,7 +209,6 @@ TEST_F(MenusTest, TheViewerAndTheSqlWindowOpenTheirOwnMenus) {
 }
 
 TEST_F(MenusTest, KeysOfTheEditorTableReachTheirCommands) {
-    auto key = [&](Qt::Key k, Qt::KeyboardModifiers m) { QTest::keyClick(window->GetSafeHwnd(), k, m); };
     send(SCI_GOTOLINE, 1);
     key(Qt::Key_F2, Qt::ControlModifier);
     EXPECT_EQ(send(SCI_MARKERGET, 1), 1);
@@ -272,7 +225,7 @@ TEST_F(MenusTest, KeysOfTheEditorTableReachTheirCommands) {
     key(Qt::Key_BracketRight, Qt::ControlModifier);
     EXPECT_EQ(send(SCI_GETCURRENTPOS), 6);
     key(Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_STREQ(window->GetText().c_str(), "(a, b)");
+    EXPECT_EQ(text(), "(a, b)");
     // The host's keys are not claimed, so the host's own shortcuts see them.
     auto claimed = [&](Qt::Key k, Qt::KeyboardModifiers m) {
         QKeyEvent event(QEvent::ShortcutOverride, k, m);
@@ -284,55 +237,37 @@ TEST_F(MenusTest, KeysOfTheEditorTableReachTheirCommands) {
     EXPECT_TRUE(claimed(Qt::Key_F, Qt::ControlModifier));
 }
 
-TEST_F(MenusTest, TabCommandsShiftEveryLineOfTheSelection) {
+TEST_F(MenusTest, TabCommandsShiftEveryLineOfTheSelectionInOneUndoStep) {
     send(SCI_SETTABWIDTH, 4);
+    auto indents = [&] { return std::vector<long>{send(SCI_GETLINEINDENTATION, 0), send(SCI_GETLINEINDENTATION, 1), send(SCI_GETLINEINDENTATION, 2)}; };
     send(SCI_SETSEL, 2, send(SCI_POSITIONFROMLINE, 1) + 1);
     window->SendMessage(WM_COMMAND, cmd::IncreaseIndent, 0);
-    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 0), 4);
-    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 1), 4);
-    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 2), 0);
-    send(SCI_UNDO);  // one step for all the lines
-    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 0), 0);
-    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 1), 0);
+    EXPECT_EQ(indents(), (std::vector<long>{4, 4, 0}));
+    send(SCI_UNDO);
+    EXPECT_EQ(indents(), (std::vector<long>{0, 0, 0}));
     send(SCI_REDO);
     send(SCI_SETSEL, 2, send(SCI_POSITIONFROMLINE, 1) + 1);
     window->SendMessage(WM_COMMAND, cmd::DecreaseIndent, 0);
     window->SendMessage(WM_COMMAND, cmd::DecreaseIndent, 0);
-    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 0), 0);
-    EXPECT_EQ(send(SCI_GETLINEINDENTATION, 1), 0);
+    EXPECT_EQ(indents(), (std::vector<long>{0, 0, 0}));
 }
 
 TEST_F(MenusTest, SaveAsExportsTheTextAndLeavesTheDocumentAsItWas) {
     QTemporaryDir folder;
-    const QString path = QDir(folder.path()).filePath("export.txt");
-    FileDialogHook previous = SetFileDialogHook([&](CFileDialogEx& dialog) {
-        dialog.EnterFileName(CString(path.toUtf8().constData()));
-        return IDOK;
-    });
+    const QString path = folder.filePath("export.txt");
+    FileDialogHook previous = SetFileDialogHook([&](CFileDialogEx& dialog) { return dialog.EnterFileName(CString(path.toUtf8().constData())), IDOK; });
     window->SetFilePath("/work/doc.sql");
     send(SCI_SETSAVEPOINT);
     send(SCI_APPENDTEXT, 5, reinterpret_cast<LPARAM>("-- x\n"));  // an unsaved edit with a bare LF
     window->SendMessage(WM_COMMAND, cmd::FileSaveAsInternal, 0);
     SetFileDialogHook(previous);
-    std::ifstream in(path.toStdString(), std::ios::binary);
     std::stringstream written;
-    written << in.rdbuf();
+    written << std::ifstream(path.toStdString(), std::ios::binary).rdbuf();
     EXPECT_EQ(written.str(), "select a\r\nfrom t\r\nwhere x = 1\r\n-- x\r\n");
     // The export is no save: the document's path, line ends and unsaved state stand.
-    EXPECT_STREQ(window->GetFilePath().c_str(), "/work/doc.sql");
-    EXPECT_STREQ(window->GetText().c_str(), "select a\r\nfrom t\r\nwhere x = 1\r\n-- x\n");
+    EXPECT_EQ(window->GetFilePath(), "/work/doc.sql");
+    EXPECT_EQ(text(), "select a\r\nfrom t\r\nwhere x = 1\r\n-- x\n");
     EXPECT_EQ(send(SCI_GETMODIFY), 1);
-}
-}  // namespace
-
-namespace {
-void collectIds(CMenu& menu, std::vector<UINT>& ids) {
-    for (int i = 0; i < menu.GetMenuItemCount(); ++i) {
-        if (CMenu* sub = menu.GetSubMenu(i))
-            collectIds(*sub, ids);
-        else if (menu.GetMenuItemID(i) != 0)
-            ids.push_back(menu.GetMenuItemID(i));
-    }
 }
 
 TEST(CommandPrompts, CommandsOfTheMenusCarryAStatusTextAndATip) {
@@ -343,11 +278,11 @@ TEST(CommandPrompts, CommandsOfTheMenusCarryAStatusTextAndATip) {
     const std::vector<UINT> without{cmd::FileSaveAsInternal, cmd::FormatSql, cmd::Comment, cmd::Uncomment,
                                     cmd::MakeCode, cmd::StripCode, cmd::MatchBraceExtend};
     for (UINT menuId : {IDR_EDITOR_MENU, IDR_READONLY_MENU, IDR_SQL_MENU}) {
+        MenuScript ids;
         CMenu menu;
         ASSERT_TRUE(menu.LoadMenu(menuId));
-        std::vector<UINT> ids;
-        collectIds(menu, ids);
-        for (UINT id : ids) {
+        ids.collect(menu, true);
+        for (auto [id, state] : ids.states) {
             if (std::find(without.begin(), without.end(), id) != without.end()) continue;
             const char* prompt = LoadResourceString(id);
             ASSERT_NE(prompt, nullptr) << id;
@@ -355,4 +290,3 @@ TEST(CommandPrompts, CommandsOfTheMenusCarryAStatusTextAndATip) {
         }
     }
 }
-}  // namespace

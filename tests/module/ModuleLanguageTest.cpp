@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
-#include <QFile>
 #include <QTemporaryDir>
 #include <cstdlib>
 
@@ -19,89 +18,65 @@
 using namespace quillbox_module;
 
 namespace {
-// Translation files beside this test program, removed again at the end of a test.
-class Satellites {
-public:
-    ~Satellites() {
-        for (const QString& folder : made_) QDir(folder).removeRecursively();
+// A registry of its own, a trace file, and translation files beside this test program that
+// are removed again at the end of a test.
+class ModuleLanguage : public ::testing::Test {
+protected:
+    void SetUp() override { setenv("QUILLBOX_LOG_FILE", dir.filePath("trace.log").toUtf8().constData(), 1); }
+    void TearDown() override {
+        unsetenv("QUILLBOX_LOG_FILE");
+        ReleaseSatellite();
+        for (const QString& folder : made) QDir(folder).removeRecursively();
     }
-    void addProgram(const char* language) { write(ProgramSatellitePath(GetModuleFileName(), language)); }
-    void addLibrary(const char* language) {
-        const QString target = LibrarySatellitePath(GetModuleFileName(), language).toQString();
-        remember(target);
-        QFile::remove(target);
-        ASSERT_TRUE(QFile::copy(QUILLBOX_KOREAN_QM, target));
-    }
-
-private:
-    void remember(const QString& file) {
-        const QString folder = QFileInfo(file).absolutePath();
-        QDir().mkpath(folder);
-        if (!made_.contains(folder)) made_ << folder;
-    }
-    void write(const CString& path) {
-        remember(path.toQString());
-        QFile f(path.toQString());
+    // The program's empty translation file, and with `library` the library's Korean one.
+    void addSatellites(const char* language, bool library) {
+        const QString program = ProgramSatellitePath(GetModuleFileName(), language).toQString();
+        made << QFileInfo(program).absolutePath();
+        QDir().mkpath(made.back());
+        QFile f(program);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        const QString target = LibrarySatellitePath(GetModuleFileName(), language).toQString();
+        if (library) {
+            ASSERT_TRUE((QFile::remove(target), QFile::copy(QUILLBOX_KOREAN_QM, target)));
+        }
     }
-    QStringList made_;
-};
-
-void defineLanguage(const char* language) {
-    CKTMgrSetting setting(0);
-    setting.SetString("DefinedLanguage", language);
-}
-
-class TraceFile {
-public:
-    TraceFile() { setenv("QUILLBOX_LOG_FILE", dir_.filePath("trace.log").toUtf8().constData(), 1); }
-    ~TraceFile() { unsetenv("QUILLBOX_LOG_FILE"); }
-    QString text() const {
-        QFile f(dir_.filePath("trace.log"));
+    QString trace() const {
+        QFile f(dir.filePath("trace.log"));
         return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
     }
+    void defineLanguage(const char* language) { CKTMgrSetting(0).SetString("DefinedLanguage", language); }
 
-private:
-    QTemporaryDir dir_;
+    ScratchRegistry registry;
+    QTemporaryDir dir;
+    QStringList made;
 };
 }  // namespace
 
-TEST(ModuleLanguage, ProgramFolderIsCutAtTheLaterSeparator) {
+TEST(ModuleLanguagePaths, ProgramFolderIsCutAtTheLaterSeparator) {
     EXPECT_EQ(ProgramFolder("C:\\a/b\\p.exe"), "C:\\a/b");
     EXPECT_EQ(ProgramFolder("C:\\a\\b/p.exe"), "C:\\a\\b");
     EXPECT_EQ(ProgramSatellitePath("/opt/q/bin/quillbox", "ko-KR"), "/opt/q/bin/ko-KR/quillbox.qm");
     EXPECT_EQ(LibrarySatellitePath("/opt/q/bin/quillbox", "ko-KR"), "/opt/q/bin/ko-KR/Quillbox.qm");
 }
 
-TEST(ModuleLanguage, TheSettingDecidesAndTheDefaultOnlyProvesSatellitesExist) {
-    ScratchRegistry registry;
-    Satellites satellites;
+TEST_F(ModuleLanguage, TheSettingDecidesAndTheDefaultOnlyProvesSatellitesExist) {
     CString language;
     EXPECT_EQ(GetMyUserDefinedLanguage(language), 0);  // no satellites at all
+    defineLanguage("ko-KR");
+    EXPECT_EQ(SelectModuleLanguage(), 0);  // a missing language leaves a failure line and English
+    EXPECT_TRUE(trace().contains("FAILURE1: GetMyUserDefinedLanguage."));
+    EXPECT_STREQ(LoadResourceString(8202), "Cannot transform text line end");
 
-    satellites.addProgram("en-US");
+    addSatellites("en-US", false);
+    EXPECT_EQ(GetMyUserDefinedLanguage(language), 1);
+    EXPECT_EQ(language, "ko-KR");  // only en-US satellites exist, and ko-KR still stands
+    ScratchRegistry empty;
     EXPECT_EQ(GetMyUserDefinedLanguage(language), 1);
     EXPECT_EQ(language, "en-US");  // the setting is missing: its default
-
-    defineLanguage("ko-KR");  // only en-US satellites exist, and ko-KR still stands
-    EXPECT_EQ(GetMyUserDefinedLanguage(language), 1);
-    EXPECT_EQ(language, "ko-KR");
 }
 
-TEST(ModuleLanguage, AMissingLanguageLeavesAFailureLineAndTheStringsInEnglish) {
-    ScratchRegistry registry;
-    TraceFile trace;
-    defineLanguage("ko-KR");
-    EXPECT_EQ(SelectModuleLanguage(), 0);
-    EXPECT_TRUE(trace.text().contains("FAILURE1: GetMyUserDefinedLanguage."));
-    EXPECT_STREQ(LoadResourceString(8202), "Cannot transform text line end");
-}
-
-TEST(ModuleLanguage, TheChosenLanguagesTranslationServesTheLibrarysStrings) {
-    ScratchRegistry registry;
-    Satellites satellites;
-    satellites.addProgram("ko-KR");
-    satellites.addLibrary("ko-KR");
+TEST_F(ModuleLanguage, TheChosenLanguagesTranslationServesTheLibrarysStrings) {
+    addSatellites("ko-KR", true);
     defineLanguage("ko-KR");
     EXPECT_EQ(SelectModuleLanguage(), 1);
     EXPECT_EQ(QLocale().language(), QLocale::Korean);
@@ -112,14 +87,9 @@ TEST(ModuleLanguage, TheChosenLanguagesTranslationServesTheLibrarysStrings) {
     EXPECT_STREQ(LoadResourceString(8202), "Cannot transform text line end");
 }
 
-TEST(ModuleLanguage, AnUnknownLanguageWithALibraryTranslationFailsTheSecondStep) {
-    ScratchRegistry registry;
-    Satellites satellites;
-    TraceFile trace;
-    satellites.addProgram("xx-unknown");
-    satellites.addLibrary("xx-unknown");
+TEST_F(ModuleLanguage, AnUnknownLanguageWithALibraryTranslationFailsTheSecondStep) {
+    addSatellites("xx-unknown", true);
     defineLanguage("xx-unknown");
     EXPECT_EQ(SelectModuleLanguage(), 0);
-    EXPECT_TRUE(trace.text().contains("FAILURE2"));
-    ReleaseSatellite();
+    EXPECT_TRUE(trace().contains("FAILURE2"));
 }

@@ -13,43 +13,23 @@ function(run)
   set(last_output "${out}" PARENT_SCOPE)
 endfunction()
 
-# The code blocks of one kind (cmake, cpp) in a Markdown file, from `from` to the next heading
-# of the same level, or in the whole file when `from` is empty.
+# The code blocks of one kind (cmake, cpp) in a Markdown file, each written to a file of its
+# own, from the line `from` to the next heading of the same level, or in the whole file when
+# `from` is empty.
 function(code_blocks markdown kind from result)
-  file(READ ${markdown} text)
-  if(from)
-    string(FIND "${text}" "${from}" start)
-    if(start LESS 0)
-      message(FATAL_ERROR "${markdown} has no section \"${from}\"")
-    endif()
-    string(SUBSTRING "${text}" ${start} -1 text)
-    string(LENGTH "${from}" skip)
-    string(SUBSTRING "${text}" ${skip} -1 rest)
-    string(FIND "${rest}" "\n## " end)
-    if(end GREATER_EQUAL 0)
-      math(EXPR end "${end} + ${skip}")
-      string(SUBSTRING "${text}" 0 ${end} text)
-    endif()
+  get_filename_component(source ${markdown} NAME_WE)
+  file(MAKE_DIRECTORY ${WORK_DIR}/blocks)
+  execute_process(COMMAND awk -v kind=${kind} "-v" "from=${from}" -v prefix=${WORK_DIR}/blocks/${source}-${kind}- [=[
+      BEGIN { on = from == "" }
+      from != "" && $0 == from { on = 1; next }
+      on && from != "" && /^## / { exit }
+      on && $0 == "```" kind { out = prefix n++; print out; inside = 1; next }
+      inside && /^```/ { inside = 0; close(out); next }
+      inside { print > out }]=] ${markdown} OUTPUT_VARIABLE blocks OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(from AND NOT blocks)
+    message(FATAL_ERROR "${markdown} has no ${kind} block under \"${from}\"")
   endif()
-  set(blocks "")
-  set(index 0)
-  while(TRUE)
-    string(FIND "${text}" "```${kind}\n" open)
-    if(open LESS 0)
-      break()
-    endif()
-    string(LENGTH "```${kind}\n" fence)
-    math(EXPR open "${open} + ${fence}")
-    string(SUBSTRING "${text}" ${open} -1 text)
-    string(FIND "${text}" "```" close)
-    string(SUBSTRING "${text}" 0 ${close} block)
-    string(SUBSTRING "${text}" ${close} -1 text)
-    get_filename_component(source ${markdown} NAME_WE)
-    set(file ${WORK_DIR}/blocks/${source}-${kind}-${index})
-    file(WRITE ${file} "${block}")
-    list(APPEND blocks ${file})
-    math(EXPR index "${index} + 1")
-  endwhile()
+  string(REPLACE "\n" ";" blocks "${blocks}")
   set(${result} ${blocks} PARENT_SCOPE)
 endfunction()
 

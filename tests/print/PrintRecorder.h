@@ -17,10 +17,9 @@ struct PrintRecord {
     std::vector<Text> texts;
     std::vector<Fill> fills;
     std::vector<Line> lines;
-    std::vector<QString> documents;   // names given to StartDoc
-    int page = 0;                     // pages started so far; drawings belong to the last
-    int pagesEnded = 0;
-    int documentsEnded = 0;
+    std::vector<QString> documents;  // names given to StartDoc
+    int page = 0;                    // pages started so far; drawings belong to the last
+    int pagesEnded = 0, documentsEnded = 0;
 
     // The texts of one page whose baselines lie in [top, bottom), joined without blanks.
     QString textOf(int onPage, double top = -1e9, double bottom = 1e9) const {
@@ -44,6 +43,8 @@ inline std::unique_ptr<QPrinter> unwritablePrinter(const char* name) {
     return printer;
 }
 
+// Records texts, rectangles and lines (the integer kinds arrive through QPaintEngine's
+// conversions); paths, polygons and pictures are drawn nowhere.
 class RecordingEngine : public QPaintEngine {
 public:
     explicit RecordingEngine(PrintRecord& record) : QPaintEngine(AllFeatures), r_(record) {}
@@ -58,25 +59,16 @@ public:
     void drawTextItem(const QPointF& p, const QTextItem& item) override {
         r_.texts.push_back({r_.page, item.text(), p, font_, pen_.color()});
     }
-    void drawRects(const QRectF* rects, int n) override { for (int i = 0; i < n; ++i) fill(rects[i]); }
-    void drawRects(const QRect* rects, int n) override { for (int i = 0; i < n; ++i) fill(rects[i]); }
-    void drawLines(const QLineF* lines, int n) override { for (int i = 0; i < n; ++i) line(lines[i]); }
-    void drawLines(const QLine* lines, int n) override { for (int i = 0; i < n; ++i) line(lines[i]); }
-    // Everything else is drawn nowhere (and not passed on to the lines and rectangles above).
-    void drawPath(const QPainterPath&) override {}
+    void drawRects(const QRectF* rects, int n) override {
+        for (int i = 0; i < n; ++i) r_.fills.push_back({r_.page, rects[i], brush_.color()});
+    }
+    void drawLines(const QLineF* lines, int n) override {
+        for (int i = 0; i < n; ++i) r_.lines.push_back({r_.page, lines[i], pen_.color()});
+    }
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
-    void drawPolygon(const QPoint*, int, PolygonDrawMode) override {}
-    void drawPoints(const QPointF*, int) override {}
-    void drawPoints(const QPoint*, int) override {}
-    void drawEllipse(const QRectF&) override {}
-    void drawEllipse(const QRect&) override {}
     void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-    void drawImage(const QRectF&, const QImage&, const QRectF&, Qt::ImageConversionFlags) override {}
-    void drawTiledPixmap(const QRectF&, const QPixmap&, const QPointF&) override {}
 
 private:
-    void fill(const QRectF& rect) { r_.fills.push_back({r_.page, rect, brush_.color()}); }
-    void line(const QLineF& line) { r_.lines.push_back({r_.page, line, pen_.color()}); }
     PrintRecord& r_;
     QFont font_;
     QPen pen_;
@@ -113,10 +105,7 @@ private:
 class RecordingDC : public CDC {
 public:
     RecordingDC(PrintRecord& record, RecordingDevice& device) : r_(record) { Attach(&device); }
-    int StartDoc(const char* name) override {
-        r_.documents.push_back(QString::fromUtf8(name));
-        return CDC::StartDoc(name);
-    }
+    int StartDoc(const char* name) override { return r_.documents.push_back(QString::fromUtf8(name)), CDC::StartDoc(name); }
     int EndDoc() override { return ++r_.documentsEnded, CDC::EndDoc(); }
     int StartPage() override { return ++r_.page, CDC::StartPage(); }
     int EndPage() override { return ++r_.pagesEnded, CDC::EndPage(); }

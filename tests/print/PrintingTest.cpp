@@ -21,8 +21,7 @@ public:
 
 int pdfPageCount(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return -1;
-    return int(QString::fromLatin1(file.readAll()).count(QRegularExpression("/Type\\s*/Page[^s]")));
+    return file.open(QIODevice::ReadOnly) ? int(QString::fromLatin1(file.readAll()).count(QRegularExpression("/Type\\s*/Page[^s]"))) : -1;
 }
 
 int lineHeight(const QFont& font, const QPaintDevice& device) {
@@ -43,9 +42,7 @@ protected:
         // Each test names the templates it wants, whatever the property file holds.
         for (const char* key : {"print.header.format", "print.footer.format", "print.header.style", "print.footer.style"})
             editor->props.Set(key, "");
-        previousMessageHook = SetMessageBoxHook([this](const char* text, const char*, UINT) {
-            return messages.emplace_back(text), IDOK;
-        });
+        previousMessageHook = SetMessageBoxHook([this](const char* text, const char*, UINT) { return messages.emplace_back(text), IDOK; });
         previousDialogHook = SetPrintDialogHook({});
     }
     void TearDown() override {
@@ -53,10 +50,7 @@ protected:
         SetPrintDialogHook(previousDialogHook);
         EditorHostTest::TearDown();
     }
-    void load(const std::string& text) {
-        editor->SendEditor(SCI_CLEARALL);
-        editor->SendEditor(SCI_APPENDTEXT, text.size(), reinterpret_cast<LPARAM>(text.c_str()));
-    }
+    void load(const std::string& text) { EditorHostTest::load(text.c_str()); }
     void setProp(const char* key, const char* value) { editor->props.Set(key, value); }
     struct Sheet {  // a recording device of the test size with a context on it
         PrintRecord record;
@@ -82,18 +76,28 @@ protected:
 
 }  // namespace
 
-TEST_F(PrintTest, EmptyDocumentStartsAndEndsADocumentButPrintsNoPage) {
+TEST_F(PrintTest, AnEmptyDocumentPrintsNoPageAndOneThatCannotStartSaysSo) {
     setProp("print.header.format", "H $(CurrentPage)");
-    setProp("print.footer.format", "F $(CurrentPage)");
     Sheet sheet;
-    auto& [record, device, dc] = sheet;
-    EXPECT_EQ(editor->PrintPreview(&dc, nullptr), 0);
-    EXPECT_EQ(record.documents, std::vector<QString>{"Temp"});
-    EXPECT_EQ(record.documentsEnded, 1);
-    EXPECT_EQ(record.page, 0);
-    EXPECT_TRUE(record.texts.empty());
-    EXPECT_EQ(dc.GetDevice(), nullptr);   // the pass deletes the context it was given
+    EXPECT_EQ(editor->PrintPreview(&sheet.dc, nullptr), 0);
+    EXPECT_EQ(sheet.record.documents, std::vector<QString>{"Temp"});
+    EXPECT_EQ(sheet.record.documentsEnded, 1);
+    EXPECT_EQ(sheet.record.page, 0);
+    EXPECT_TRUE(sheet.record.texts.empty());
+    EXPECT_EQ(sheet.dc.GetDevice(), nullptr);  // the pass deletes the context it was given
     EXPECT_EQ(editor->PrintPreview(nullptr, nullptr), 0);
+
+    const std::string text = numberedLines(5);
+    load(text);
+    SetPrintDialogHook([](PRINTDLG& pd) { return pd.hDevNames->output = "/nonexistent-folder/quillbox/print.pdf", IDOK; });
+    editor->Print(true);
+    EXPECT_EQ(messages, std::vector<std::string>{"Can not start printer document."});
+    // A preview goes on after the message, with nothing to draw on.
+    CDC dc;
+    ASSERT_TRUE(dc.Attach(unwritablePrinter("preview.pdf")));
+    EXPECT_EQ(editor->PrintPreview(&dc, nullptr), 0);
+    EXPECT_EQ(messages.size(), 2u);
+    EXPECT_EQ(editor->GetText(), CString(text));
 }
 
 TEST_F(PrintTest, EveryPageGetsItsHeaderBodyAndFooterWithoutLosingALine) {
@@ -145,18 +149,16 @@ TEST_F(PrintTest, HeaderWithoutStyleIsNinePointArialInBlackOnBlack) {
     setProp("print.header.format", "X$(CurrentPage)");
     load("select 1 from dual\n");
     Sheet sheet;
-    auto& [record, device, dc] = sheet;
-    editor->PrintPreview(&dc, nullptr);
-    const PrintRecord::Text* header = record.find("X1");
+    editor->PrintPreview(&sheet.dc, nullptr);
+    const PrintRecord::Text* header = sheet.record.find("X1");
     ASSERT_NE(header, nullptr);
     EXPECT_EQ(header->font.families().value(0), QString("Arial"));
     EXPECT_NE(header->font.weight(), QFont::Bold);
-    EXPECT_NEAR(QFontMetrics(header->font, &device).height(), MulDiv(9, kDpi, 72), 1);
+    EXPECT_NEAR(QFontMetrics(header->font, &sheet.device).height(), MulDiv(9, kDpi, 72), 1);
     EXPECT_EQ(header->colour, QColor(Qt::black));
-    bool blackBox = false;
-    for (const auto& f : record.fills)
-        blackBox = blackBox || (f.colour == Qt::black && f.rect == QRectF(0, 0, kWidth, lineHeight(header->font, device)));
-    EXPECT_TRUE(blackBox);
+    const QRectF box(0, 0, kWidth, lineHeight(header->font, sheet.device));
+    EXPECT_TRUE(std::any_of(sheet.record.fills.begin(), sheet.record.fills.end(),
+                            [&](const PrintRecord::Fill& f) { return f.colour == Qt::black && f.rect == box; }));
 }
 
 TEST_F(PrintTest, SelectionIsPrintedWhenThereIsOneOrTheDialogKeepsIt) {
@@ -236,23 +238,6 @@ TEST_F(PrintTest, DialogKeepsTheSetupACancelIsSilentAndTheDefaultPrinterNeedsNoD
     EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(PrintTest, DocumentThatCannotStartShowsTheMessage) {
-    const std::string text = numberedLines(5);
-    load(text);
-    SetPrintDialogHook([](PRINTDLG& pd) {
-        pd.hDevNames->output = "/nonexistent-folder/quillbox/print.pdf";
-        return IDOK;
-    });
-    editor->Print(true);
-    EXPECT_EQ(messages, std::vector<std::string>{"Can not start printer document."});
-    // A preview goes on after the message, with nothing to draw on.
-    CDC dc;
-    ASSERT_TRUE(dc.Attach(unwritablePrinter("preview.pdf")));
-    EXPECT_EQ(editor->PrintPreview(&dc, nullptr), 0);
-    EXPECT_EQ(messages.size(), 2u);
-    EXPECT_EQ(editor->GetText(), CString(text));
-}
-
 TEST_F(PrintTest, PrintPageFormatsOneRangeInTheCallersRectangle) {
     setProp("print.header.format", "never");
     const std::string text = numberedLines(40);
@@ -289,12 +274,8 @@ TEST_F(PrintTest, FilePropertiesAreEmptyAndDateAndTimeAreShortTexts) {
     PropSet pass;
     pass.Set("FileTime", "old");
     editor->SetFileProperties(pass);
-    char* all = pass.ToString();
-    const QStringList entries = QString::fromUtf8(all).split('\n');
-    delete[] all;
+    const std::unique_ptr<char[]> all(pass.ToString());
+    const QStringList entries = QString::fromUtf8(all.get()).split('\n');
     for (const char* key : {"FileTime=", "FileDate=", "FileAttr="}) EXPECT_TRUE(entries.contains(key)) << key;
-    for (const char* key : {"CurrentDate", "CurrentTime"}) {
-        EXPECT_GT(pass.Get(key).length(), 0u);
-        EXPECT_LT(pass.Get(key).length(), 100u);
-    }
+    for (const char* key : {"CurrentDate", "CurrentTime"}) EXPECT_TRUE(pass.Get(key).length() > 0 && pass.Get(key).length() < 100) << key;
 }

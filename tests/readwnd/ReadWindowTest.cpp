@@ -1,7 +1,6 @@
 // The read-only viewer: output goes in only through its guarded operations, the user cannot
 // change it, it keeps no undo, and its scroll range follows the longest line.
 #include <QTest>
-#include <gtest/gtest.h>
 
 #include "CKTRegistry.h"
 #include "CKTScinReadWnd.h"
@@ -13,8 +12,7 @@
 namespace {
 class TestViewer : public CKTScinReadWnd {
 public:
-    using CKTScinReadWnd::adjustHScrollSize;
-    using CKTScinReadWnd::SendEditor;
+    using CKTScinReadWnd::adjustHScrollSize, CKTScinReadWnd::SendEditor;
 };
 
 class ReadWindowTest : public WindowHostTest<TestViewer> {
@@ -24,46 +22,39 @@ protected:
         CRect rect(0, 0, 600, 400);
         ASSERT_NE(window->Create("output", rect, frame.get(), keywords), 0);
     }
-    bool clearContentEnabled() {
+    bool clearEnabled() {
         CCmdUI ui(cmd::EditClear);
         window->UpdateCommandUI(cmd::EditClear, &ui);
         return ui.IsEnabled();
     }
+    // Read-only, no undo, line numbers: after creation, restyling and every change.
+    void expectViewer() {
+        EXPECT_EQ(send(SCI_GETREADONLY), 1);
+        EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
+        EXPECT_EQ(window->GetDisplayLinenumbers(), 1);
+    }
 
     ScratchRegistry registry;
 };
-
-TEST_F(ReadWindowTest, CreatesAReadOnlyViewerWithLineNumbersAndNoUndo) {
-    create();
-    EXPECT_EQ(window->GetDlgCtrlID(), int(CKTScinReadWnd::kChildId));
-    EXPECT_EQ(send(SCI_GETREADONLY), 1);
-    EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
-    EXPECT_EQ(window->GetDisplayLinenumbers(), 1);
-    EXPECT_EQ(window->GetDisplaySelection(), 0);
-    EXPECT_EQ(send(SCI_STYLEGETBACK, STYLE_DEFAULT), 0xC0C0C0);  // the user's read-only colour
-
-    // Restyling keeps all of that.
-    window->ApplyVisualOption();
-    EXPECT_EQ(send(SCI_GETREADONLY), 1);
-    EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
-    EXPECT_EQ(window->GetDisplayLinenumbers(), 1);
-}
+}  // namespace
 
 TEST_F(ReadWindowTest, OnlyTheGuardedOperationsChangeTheText) {
     create();
-    EXPECT_FALSE(clearContentEnabled());
+    EXPECT_EQ(window->GetDlgCtrlID(), int(CKTScinReadWnd::kChildId));
+    EXPECT_EQ(window->GetDisplaySelection(), 0);
+    EXPECT_EQ(send(SCI_STYLEGETBACK, STYLE_DEFAULT), 0xC0C0C0);  // the user's read-only colour
+    expectViewer();
+    window->ApplyVisualOption();
+    expectViewer();
+    EXPECT_FALSE(clearEnabled());
+    // Replacing the text must not bring undo back: trimmed output would pile up in memory.
     window->SetText("first\r\n", 0);
-    EXPECT_EQ(send(SCI_GETREADONLY), 1);
+    expectViewer();
     window->AppendText(CString("second\r\n"));
     window->AppendText("third\r\n", 100, 10, true);
-    EXPECT_STREQ(window->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
-    EXPECT_EQ(send(SCI_GETREADONLY), 1);
-    // Replacing the text must not bring undo back: trimmed output would pile up in memory.
-    EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
-    window->AppendText("again\r\n", 1, 1, false);
-    EXPECT_EQ(send(SCI_GETUNDOCOLLECTION), 0);
-    window->SetText("first\r\nsecond\r\nthird\r\n", 0);
-    EXPECT_TRUE(clearContentEnabled());
+    EXPECT_EQ(text(), "first\r\nsecond\r\nthird\r\n");
+    expectViewer();
+    EXPECT_TRUE(clearEnabled());
 
     // The user's keys, cut and paste leave it alone.
     window->SetFocus();
@@ -71,27 +62,23 @@ TEST_F(ReadWindowTest, OnlyTheGuardedOperationsChangeTheText) {
     send(SCI_SETSEL, 0, 5);
     window->Cut();
     window->Paste();
-    EXPECT_STREQ(window->GetText().c_str(), "first\r\nsecond\r\nthird\r\n");
+    EXPECT_EQ(text(), "first\r\nsecond\r\nthird\r\n");
 
     window->SendMessage(WM_COMMAND, cmd::EditClear, 0);
     EXPECT_TRUE(window->IsEmpty());
-    EXPECT_EQ(send(SCI_GETREADONLY), 1);
-    EXPECT_FALSE(clearContentEnabled());
+    EXPECT_FALSE(clearEnabled());
+    expectViewer();
 }
 
 TEST_F(ReadWindowTest, AppendsKeepTheLineLimit) {
     create(0);
-    for (int i = 0; i < 300; ++i) {
-        CString line;
-        line.Format("row %d\r\n", i);
-        window->AppendText(line, 100, 10, true);
-    }
+    for (int i = 0; i < 300; ++i) window->AppendText("row " + CString(std::to_string(i)) + "\r\n", 100, 10, true);
     EXPECT_LE(window->GetLineCount(), 91);
-    EXPECT_NE(window->GetText().Find("row 299\r\n"), -1);
-    EXPECT_EQ(send(SCI_GETREADONLY), 1);
-    // No room above the slack: each append replaces the document.
-    window->AppendText("only\r\n", 5, 5, false);
-    EXPECT_STREQ(window->GetText().c_str(), "only\r\n");
+    EXPECT_NE(text().Find("row 299\r\n"), -1);
+    expectViewer();
+    window->AppendText("only\r\n", 5, 5, false);  // no room above the slack: each append replaces the document
+    EXPECT_EQ(text(), "only\r\n");
+    expectViewer();
 }
 
 TEST_F(ReadWindowTest, ScrollRangeFollowsTheLongestLineAndNeverShrinks) {
@@ -99,35 +86,28 @@ TEST_F(ReadWindowTest, ScrollRangeFollowsTheLongestLineAndNeverShrinks) {
     const long charWidth = send(SCI_TEXTWIDTH, STYLE_DEFAULT, reinterpret_cast<LPARAM>("A"));
     // After every change a full look at all lines must find nothing wider than what the
     // change itself left, whichever lines it touched.
-    auto settled = [&] {
+    auto settled = [&](long characters) {
+        EXPECT_GE(send(SCI_GETSCROLLWIDTH), characters * charWidth);
         const long width = send(SCI_GETSCROLLWIDTH);
         window->adjustHScrollSize();
-        return send(SCI_GETSCROLLWIDTH) == width;
+        EXPECT_EQ(send(SCI_GETSCROLLWIDTH), width);
     };
     window->SetText("x\r\n" + CString('y', 40) + "\r\nshort", 0);
-    EXPECT_GE(send(SCI_GETSCROLLWIDTH), 40 * charWidth);
-    EXPECT_TRUE(settled());
+    settled(40);
     window->AppendText(CString('z', 70));  // lengthens the last line
-    EXPECT_TRUE(settled());
-    EXPECT_GE(send(SCI_GETSCROLLWIDTH), 75 * charWidth);
+    settled(75);
     window->AppendText("\rcr\n" + CString('w', 120) + "\r\n", 6, 1, false);  // trims, mixed line ends
-    EXPECT_TRUE(settled());
-    EXPECT_GE(send(SCI_GETSCROLLWIDTH), 120 * charWidth);
-
-    // Someone narrows the range: the next change measures every line again.
-    send(SCI_SETSCROLLWIDTH, 1);
+    settled(120);
+    send(SCI_SETSCROLLWIDTH, 1);  // someone narrows the range: the next change measures every line again
     window->AppendText(CString("\r\n"));
-    EXPECT_GE(send(SCI_GETSCROLLWIDTH), 120 * charWidth);
+    settled(120);
 
     // A host lifts read-only and lengthens an early line itself: the next change finds it.
     window->SetText("a\r\nb\r\nc\r\n", 0);
-    const long before = send(SCI_GETSCROLLWIDTH);
     send(SCI_SETREADONLY, 0);
-    const CString longLine('v', 300);
-    send(SCI_INSERTTEXT, WPARAM(send(SCI_POSITIONFROMLINE, 1)), reinterpret_cast<LPARAM>(longLine.c_str()));
+    send(SCI_INSERTTEXT, WPARAM(send(SCI_POSITIONFROMLINE, 1)), reinterpret_cast<LPARAM>(CString('v', 300).c_str()));
     window->AppendText(CString("d"));
-    EXPECT_GT(send(SCI_GETSCROLLWIDTH), before);
-    EXPECT_TRUE(settled());
+    settled(300);
 
     // Emptying keeps the range; a short text does not narrow it.
     const long wide = send(SCI_GETSCROLLWIDTH);
@@ -147,4 +127,3 @@ TEST_F(ReadWindowTest, WithoutKeywordsOnlyTheTextColourActs) {
     EXPECT_EQ(send(SCI_STYLEGETFORE, 0), 0x123456);
     EXPECT_NE(send(SCI_STYLEGETFORE, 5), 0x654321);
 }
-}  // namespace

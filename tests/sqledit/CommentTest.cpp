@@ -1,80 +1,54 @@
 // Comment commands with the markers of the shipped property file ("--", "-- " with the
-// option, and the box "/*", " *", "*/").
-#include <QTest>
-
+// option, and the box "/*", " *", "*/"): each one undo step.
 #include "SqlWindow.h"
 
-TEST_F(SqlWindowTest, CommentingMarksEachSelectedLineAsOneUndoStep) {
-    load("select 1\n  from t\n\nwhere x\n");
-    select(3, 20);  // from the middle of line 0 to the middle of line 3
-    window->StartBlockComment(1);
-    EXPECT_EQ(text(), "--select 1\n--  from t\n--\n--where x\n");  // empty lines too, before indentation
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 5);
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 28);
-    send(SCI_UNDO);
-    EXPECT_EQ(text(), "select 1\n  from t\n\nwhere x\n");
-}
-
-TEST_F(SqlWindowTest, ASelectionEndingAtColumnZeroLeavesThatLineAlone) {
-    load("a\nb\nc\n");
-    select(0, 4);  // ends at the start of line 2
-    window->StartBlockComment(1);
-    EXPECT_EQ(text(), "--a\n--b\nc\n");
-    select(6, 6);  // a caret alone marks its line
-    window->StartBlockComment(1);
-    EXPECT_EQ(text(), "--a\n----b\nc\n");  // marking twice gives two markers
-    window->StartBlockComment(0);
-    EXPECT_EQ(text(), "--a\n--b\nc\n");    // and one removal takes one
-}
-
-TEST_F(SqlWindowTest, UncommentingTakesAMarkerOrItsFirstByteOff) {
-    load("--a\n-b\nc\n");
-    select(0, 8);
-    window->StartBlockComment(0);
-    EXPECT_EQ(text(), "a\nb\nc\n");  // "-" counts as a marker that lost its last byte
-    load("--abc\n");
-    select(1, 1);  // the selection inside the marker of the first line
-    window->StartBlockComment(0);
-    EXPECT_EQ(text(), "abc\n");
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 0);
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 0);
-}
-
-TEST_F(SqlWindowTest, TheBlankAfterCommentOptionUsesTheSecondMarker) {
-    load("x\n");
-    window->blankAfterComment = 1;
-    select(0, 0);
-    window->StartBlockComment(1);
-    EXPECT_EQ(text(), "-- x\n");
-    window->StartBlockComment(0);
-    EXPECT_EQ(text(), "x\n");
-}
-
-TEST_F(SqlWindowTest, BoxCommentsWrapOnceAndAreIdempotent) {
-    load("select 1\n");
-    select(0, 3);
-    window->StartBoxComment();
-    EXPECT_EQ(text(), "/* select 1 */\n");
-    load("a\nb\nc\nd\n");
-    select(0, 6);  // ends at the start of line 3: line 2 is the last
-    window->StartBoxComment();
-    EXPECT_EQ(text(), "/* a\n * b\n * c\n*/\nd\n");
-    select(0, 12);
-    window->StartBoxComment();  // a second run changes nothing
-    EXPECT_EQ(text(), "/* a\n * b\n * c\n*/\nd\n");
+TEST_F(SqlWindowTest, CommentCommandsMarkTheSelectedLines) {
+    enum Command { Uncomment, Comment, Box, UncommentBlank, CommentBlank };
+    // A row without a text works on the text the row before left.
+    struct Row { const char* load; long anchor, caret; Command command; const char* expected; long selStart = -1, selEnd = -1; };
+    const Row rows[] = {
+        // From the middle of line 0 to the middle of line 3: empty lines too, before indentation.
+        {"select 1\n  from t\n\nwhere x\n", 3, 20, Comment, "--select 1\n--  from t\n--\n--where x\n", 5, 28},
+        {"a\nb\nc\n", 0, 4, Comment, "--a\n--b\nc\n"},  // ends at the start of line 2: that line stays
+        {nullptr, 6, 6, Comment, "--a\n----b\nc\n"},  // a caret alone marks its line, twice gives two markers
+        {nullptr, 6, 6, Uncomment, "--a\n--b\nc\n"},  // and one removal takes one
+        {"--a\n-b\nc\n", 0, 8, Uncomment, "a\nb\nc\n"},  // "-" counts as a marker that lost its last byte
+        {"--abc\n", 1, 1, Uncomment, "abc\n", 0, 0},  // the selection inside the marker
+        {"x\n", 0, 0, CommentBlank, "-- x\n"},
+        {nullptr, 0, 0, UncommentBlank, "x\n"},
+        {"select 1\n", 0, 3, Box, "/* select 1 */\n"},
+        {"a\nb\nc\nd\n", 0, 6, Box, "/* a\n * b\n * c\n*/\nd\n"},  // line 2 is the last
+        {nullptr, 0, 12, Box, "/* a\n * b\n * c\n*/\nd\n"},  // a second run changes nothing
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.expected);
+        if (row.load) load(row.load);
+        const CString before = text();
+        select(row.anchor, row.caret);
+        window->blankAfterComment = row.command >= UncommentBlank;
+        if (row.command == Box) window->StartBoxComment();
+        else window->StartBlockComment(row.command == Comment || row.command == CommentBlank);
+        EXPECT_EQ(text(), row.expected);
+        if (row.selStart >= 0) {
+            EXPECT_EQ(send(SCI_GETSELECTIONSTART), row.selStart);
+        }
+        if (row.selEnd >= 0) {
+            EXPECT_EQ(send(SCI_GETSELECTIONEND), row.selEnd);
+        }
+        if (before == text()) continue;
+        send(SCI_UNDO);
+        EXPECT_EQ(text(), before);
+        send(SCI_REDO);
+    }
 }
 
 TEST_F(SqlWindowTest, CtrlMinusCommentsAndCtrlShiftMinusUncomments) {
-    frame->GetSafeHwnd()->activateWindow();
-    window->GetSafeHwnd()->setFocus();
-    QApplication::processEvents();
+    focus(*window);
     load("select 1\n");
-    select(0, 0);
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Minus, Qt::ControlModifier);
+    key(Qt::Key_Minus, Qt::ControlModifier);
     EXPECT_EQ(text(), "--select 1\n");
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
+    key(Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
     EXPECT_EQ(text(), "----select 1\n");
-    // With Shift the key arrives as an underscore.
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Underscore, Qt::ControlModifier | Qt::ShiftModifier);
+    key(Qt::Key_Underscore, Qt::ControlModifier | Qt::ShiftModifier);  // Shift turns the key into an underscore
     EXPECT_EQ(text(), "--select 1\n");
 }

@@ -3,7 +3,6 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTemporaryDir>
-#include <QTest>
 #include <sqlite3.h>
 
 #include "CNamekitMgr.h"
@@ -22,19 +21,14 @@ public:
         queries.Add(query);
         return true;
     }
-    bool ShowMore(CStringArray& items) override {
-        items.Add("more_one");
-        return true;
-    }
-    bool Refresh() override {
-        ++refreshes;
-        return true;
-    }
+    bool ShowMore(CStringArray& items) override { return items.Add("more_one"), true; }
+    bool Refresh() override { return ++refreshes, true; }
+    CString lastName() { return names[names.GetSize() - 1]; }
+    CString lastQuery() { return queries[queries.GetSize() - 1]; }
     CWnd* window = nullptr;
     CStringArray names, queries;
     int refreshes = 0;
 };
-
 }  // namespace
 
 class CompletionTest : public SqlWindowTest {
@@ -44,9 +38,7 @@ protected:
         main.CreateEx(0, "QuillboxFrame", "main", 0, RECT{0, 0, 10, 10}, nullptr, 0);
         main.SetNamekitMgr(&recorder);
         AfxSetMainWnd(&main);
-        frame->GetSafeHwnd()->activateWindow();
-        window->GetSafeHwnd()->setFocus();
-        QApplication::processEvents();
+        focus(*window);
     }
     void TearDown() override {
         AfxSetMainWnd(nullptr);
@@ -61,6 +53,11 @@ protected:
         window->SendMessage(CKTSQLEditWnd::kCompletionAnswer, 0, reinterpret_cast<LPARAM>(&record));
     }
     bool listShows() { return send(SCI_AUTOCACTIVE) != 0; }
+    CString current() {
+        char item[64] = {};
+        send(SCI_AUTOCGETCURRENTTEXT, 0, reinterpret_cast<LPARAM>(item));
+        return item;
+    }
 
     CNamekitMainWnd main;
     RecordingManager recorder;
@@ -79,8 +76,8 @@ TEST_F(CompletionTest, AQualifiedNameAsksWithTheStatementAroundTheCaret) {
     EXPECT_EQ(recorder.window, window.get());
     answer("o.c", {"customer_id"}, "c");
     ASSERT_TRUE(listShows());
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
-    EXPECT_NE(window->GetText().Find("select o.customer_id from"), -1);
+    key(Qt::Key_Return);
+    EXPECT_NE(text().Find("select o.customer_id from"), -1);
 }
 
 TEST_F(CompletionTest, CharactersThatAreNoNameCancelAndAskNothing) {
@@ -94,18 +91,18 @@ TEST_F(CompletionTest, CharactersThatAreNoNameCancelAndAskNothing) {
     EXPECT_EQ(recorder.names.GetSize(), 1);
     send(SCI_NEWLINE);
     type(".");  // a dot first on its line: the name is "." and there is no query
-    EXPECT_EQ(recorder.names[recorder.names.GetSize() - 1], ".");
-    EXPECT_EQ(recorder.queries[recorder.queries.GetSize() - 1], "");
+    EXPECT_EQ(recorder.lastName(), ".");
+    EXPECT_EQ(recorder.lastQuery(), "");
     QTest::sendKeyEvent(QTest::Click, window->GetSafeHwnd(), Qt::Key_unknown, QString::fromUtf8("한"), Qt::NoModifier);
-    EXPECT_EQ(recorder.names[recorder.names.GetSize() - 1], ".한");  // a multi-byte character asks like a letter
+    EXPECT_EQ(recorder.lastName(), ".한");  // a multi-byte character asks like a letter
 }
 
-TEST_F(CompletionTest, StaleAndUnfocusedAnswersAreDropped) {
+TEST_F(CompletionTest, StaleEmptyAndUnfocusedAnswersAreDropped) {
     load("");
     type("ord");
     answer("or", {"orders"});  // asked for "or", but "ord" stands now
     EXPECT_FALSE(listShows());
-    answer("ord", {});  // an empty answer shows nothing
+    answer("ord", {});
     EXPECT_FALSE(listShows());
     QLineEdit other(frame->GetSafeHwnd());
     other.show();
@@ -115,33 +112,28 @@ TEST_F(CompletionTest, StaleAndUnfocusedAnswersAreDropped) {
     EXPECT_FALSE(listShows());
 }
 
-TEST_F(CompletionTest, TheCaseOptionAndTheTypedLengthShapeTheList) {
+TEST_F(CompletionTest, TheListAsksForMoreAndForARefreshAndFollowsTheCaseOption) {
+    load("");
+    type("o");
+    answer("o", {"one", "orders"});
+    ASSERT_TRUE(listShows());
+    key(Qt::Key_Down);
+    QApplication::processEvents();  // the request for more comes once the key is handled
+    ASSERT_TRUE(listShows());
+    EXPECT_EQ(current(), "orders");  // the chosen item stays while the list grows
+    key(Qt::Key_Down);
+    EXPECT_EQ(current(), "more_one");  // added to the list that shows
+    key(Qt::Key_Backspace);
+    EXPECT_GE(recorder.refreshes, 1);
+
     CKTMgrSetting(0).SetInt("Change Case", 1);
     window->ApplyOptionOnRealtime();
     load("");
     type("x.or");
     answer("x.or", {"Orders", "order_lines"}, "or");
     ASSERT_TRUE(listShows());
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
-    EXPECT_EQ(window->GetText(), "x.ORDERS");  // upper case, replacing the two bytes typed
-}
-
-TEST_F(CompletionTest, TheListAsksForMoreAndForARefresh) {
-    load("");
-    type("o");
-    answer("o", {"one", "orders"});
-    ASSERT_TRUE(listShows());
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Down);
-    QApplication::processEvents();  // the request for more comes once the key is handled
-    ASSERT_TRUE(listShows());
-    char text[64] = {};
-    send(SCI_AUTOCGETCURRENTTEXT, 0, reinterpret_cast<LPARAM>(text));
-    EXPECT_STREQ(text, "orders");  // the chosen item stays while the list grows
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Down);
-    send(SCI_AUTOCGETCURRENTTEXT, 0, reinterpret_cast<LPARAM>(text));
-    EXPECT_STREQ(text, "more_one");  // added to the list that shows
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Backspace);
-    EXPECT_GE(recorder.refreshes, 1);
+    key(Qt::Key_Return);
+    EXPECT_EQ(text(), "x.ORDERS");  // upper case, replacing the two bytes typed
 }
 
 TEST_F(CompletionTest, ARealCatalogAnswersThroughAnAlias) {
@@ -160,8 +152,8 @@ TEST_F(CompletionTest, ARealCatalogAnswersThroughAnAlias) {
     timer.start();
     while (!listShows() && timer.elapsed() < 5000) QTest::qWait(10);
     ASSERT_TRUE(listShows());
-    QTest::keyClick(window->GetSafeHwnd(), Qt::Key_Return);
-    EXPECT_EQ(window->GetText(), "select o.customer_id from orders o");
+    key(Qt::Key_Return);
+    EXPECT_EQ(text(), "select o.customer_id from orders o");
     main.SetNamekitMgr(&recorder);
 }
 
@@ -169,9 +161,8 @@ TEST_F(CompletionTest, ACompletionKeyCostsTheSameAtTheEndOfAnyScript) {
     // The engine work of one completing key at the end of a script of 1 MB and of 8 MB, with
     // and without assistive technology listening.
     auto costOfKey = [&](size_t bytes) {
-        std::string script = RepeatedLines("select o.id, o.total\n  from orders o\n where o.id = 42;\n", bytes) +
-                             "select * from orders t where t.";
-        window->SetText(CString(std::move(script)), 0);
+        window->SetText(CString(RepeatedLines("select o.id, o.total\n  from orders o\n where o.id = 42;\n", bytes) +
+                                "select * from orders t where t."), 0);
         send(SCI_DOCUMENTEND);
         // The window shows the end once it is coloured up to there; then the key is typed.
         for (int pass = 0; pass < 100000 && send(SCI_GETENDSTYLED) < send(SCI_GETLENGTH); ++pass)
@@ -190,7 +181,7 @@ TEST_F(CompletionTest, ACompletionKeyCostsTheSameAtTheEndOfAnyScript) {
         EXPECT_EQ(small.messages, large.messages);
         EXPECT_EQ(small.bytesCopied, large.bytesCopied);
         EXPECT_EQ(small.bytesCounted, large.bytesCounted);
-        EXPECT_STREQ(recorder.names[recorder.names.GetSize() - 1].c_str(), "t.c");
-        EXPECT_STREQ(recorder.queries[recorder.queries.GetSize() - 1].c_str(), "\r\nselect * from orders t where t.c");
+        EXPECT_EQ(recorder.lastName(), "t.c");
+        EXPECT_EQ(recorder.lastQuery(), "\r\nselect * from orders t where t.c");
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 // An SQL edit window on a frame, with a registry of its own and its protected members open.
+#include <QTest>
+
 #include "CKTRegistry.h"
 #include "CKTSQLEditWnd.h"
 #include "ScratchRegistry.h"
@@ -7,13 +9,9 @@
 
 class TestSqlWindow : public CKTSQLEditWnd {
 public:
-    using CKTSQLEditWnd::blankAfterComment;
-    using CKTSQLEditWnd::directFunction;
-    using CKTSQLEditWnd::directPointer;
-    using CKTSQLEditWnd::SendEditor;
-    using CKTSQLEditWnd::setScriptLangCode;
-    using CKTSQLEditWnd::StartBlockComment;
-    using CKTSQLEditWnd::StartBoxComment;
+    using CKTSQLEditWnd::blankAfterComment, CKTSQLEditWnd::directFunction, CKTSQLEditWnd::directPointer,
+        CKTSQLEditWnd::SendEditor, CKTSQLEditWnd::setScriptLangCode, CKTSQLEditWnd::StartBlockComment,
+        CKTSQLEditWnd::StartBoxComment;
 };
 
 class SqlWindowTest : public WindowHostTest<TestSqlWindow> {
@@ -28,6 +26,7 @@ protected:
         window->SetText(content, 0);
     }
     void select(long anchor, long caret) { send(SCI_SETSEL, WPARAM(anchor), caret); }
+    void key(int k, Qt::KeyboardModifiers m = Qt::NoModifier) { QTest::keyClick(window->GetSafeHwnd(), Qt::Key(k), m); }
 
     ScratchRegistry registry;
 };

@@ -1,35 +1,22 @@
 // The SQL window: the remembered code language, its options, the direct line to the engine,
-// text inserted by the host, and drops.
-#include <QMimeData>
-
+// text inserted by the host, and positions.
 #include "SqlWindow.h"
 
-namespace {
-void storeCode(const char* name) {
-    CKTMgrSetting setting(0);
-    setting.SetString("Editor Default Code", name);
-}
-CString storedCode() {
-    CKTMgrSetting setting(0);
-    return setting.GetString("Editor Default Code", "<none>");
-}
-}  // namespace
-
 TEST_F(SqlWindowTest, TheCodeLanguageIsReadAndWrittenByItsStoredName) {
+    auto store = [](const char* name) { CKTMgrSetting(0).SetString("Editor Default Code", name); };
+    auto stored = [] { return CKTMgrSetting(0).GetString("Editor Default Code", "<none>"); };
     EXPECT_EQ(window->GetScriptLangCode(), LangVb);  // nothing stored
-    storeCode("C#");
+    store("C#");
     TestSqlWindow csharp;
     EXPECT_EQ(csharp.GetScriptLangCode(), LangCs);
-    csharp.setScriptLangCode(LangCs);
-    EXPECT_EQ(storedCode(), "C#");
-    storeCode("c#");  // differs in case only: names nothing
+    store("c#");  // differs in case only: names nothing
     TestSqlWindow unchanged;
     EXPECT_EQ(unchanged.GetScriptLangCode(), LangVb);
     unchanged.setScriptLangCode(LangPerl);
-    EXPECT_EQ(storedCode(), "Perl");
+    EXPECT_EQ(stored(), "Perl");
 }
 
-TEST_F(SqlWindowTest, ChangeCaseIsReadAgainWithTheOptions) {
+TEST_F(SqlWindowTest, OptionsEncodingAndTheDirectLine) {
     EXPECT_EQ(window->GetChangeCase(), 0);
     CKTMgrSetting(0).SetInt("Change Case", 2);
     window->ApplyOptionOnRealtime();
@@ -38,9 +25,7 @@ TEST_F(SqlWindowTest, ChangeCaseIsReadAgainWithTheOptions) {
     window->SetEncoding(EncodingAnsi);
     EXPECT_EQ(window->GetEncoding(), EncodingAnsi);
     EXPECT_EQ(send(SCI_GETCODEPAGE), SC_CP_UTF8);  // the code-page operation is another one
-}
 
-TEST_F(SqlWindowTest, TheDirectLineGoesThroughTheEngineLink) {
     ASSERT_NE(window->directFunction, nullptr);
     EXPECT_EQ(send(SCI_AUTOCGETSEPARATOR), '|');
     load("abcdef");
@@ -48,24 +33,20 @@ TEST_F(SqlWindowTest, TheDirectLineGoesThroughTheEngineLink) {
     EXPECT_EQ(text(), "adef");
 }
 
-TEST_F(SqlWindowTest, TextFromTheHostReplacesTheSelectionAndTheCaretFollows) {
+TEST_F(SqlWindowTest, TextFromTheHostReplacesTheSelectionAndPositionsSelectWords) {
     CWnd main;
     ASSERT_TRUE(main.CreateEx(0, "QuillboxFrame", "main", 0, RECT{0, 0, 10, 10}, nullptr, 0));
     AfxSetMainWnd(&main);
     load("select  from t");
     select(7, 7);
-    const char* inserted = "a,\r\nb";
-    EXPECT_EQ(window->SendMessage(CKTSQLEditWnd::kInsertTextMessage, reinterpret_cast<WPARAM>(inserted), 0), 0);
+    EXPECT_EQ(window->SendMessage(CKTSQLEditWnd::kInsertTextMessage, reinterpret_cast<WPARAM>("a,\r\nb"), 0), 0);
+    AfxSetMainWnd(nullptr);
     EXPECT_EQ(text(), "select a,\nb from t");
     EXPECT_EQ(send(SCI_GETCURRENTPOS), 11);
     EXPECT_EQ(send(SCI_GETSELECTIONSTART), 11);
-    AfxSetMainWnd(nullptr);
-}
 
-TEST_F(SqlWindowTest, PositionsCanSelectTheWordThere) {
-    load("select name from t");
-    window->GotoPosition(9, true);
-    EXPECT_EQ(window->GetSelectedText(), "name");
+    window->GotoPosition(14, true);
+    EXPECT_EQ(window->GetSelectedText(), "from");
     window->GotoPosition(2, false);
     EXPECT_EQ(window->GetSelectedText(), "");
 }
