@@ -11,6 +11,8 @@ public:
     using CKTScinWnd::FoldChanged;
     using CKTScinWnd::fileBackup;
     using CKTScinWnd::fontSetting;
+    using CKTScinWnd::GetAnsiCodePage;
+    using CKTScinWnd::GetGotoDialog;
     using CKTScinWnd::keyWordUsingPreCreate;
     using CKTScinWnd::SendEditor;
     using CKTScinWnd::setForegroundColor;
