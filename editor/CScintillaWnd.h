@@ -233,6 +233,7 @@ public:
     virtual int ReplaceAll(char const* find, char const* replace, int inSelection);
     virtual void ReplaceSearchedText(CString text);
     // The dialogs write the find state before each operation.
+    friend class CFindDialogBase;
     friend class CFindTextDlg;
     friend class CEditReplaceDlg;
 
