@@ -1,46 +1,28 @@
 #include "CEditReplaceDlg.h"
 
-#include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 #include "CScintillaWnd.h"
 #include "KeyCodes.h"
 
-CEditReplaceDlg::CEditReplaceDlg(CScintillaWnd* ownerWindow) : CDialog(IDD, ownerWindow), owner(ownerWindow) {}
+CEditReplaceDlg::CEditReplaceDlg(CScintillaWnd* ownerWindow) : CFindDialogBase(IDD, ownerWindow) {}
 
 // The combos keep what was typed when their window goes, so the window goes while the combo
 // objects still stand.
 CEditReplaceDlg::~CEditReplaceDlg() { DestroyWindow(); }
 
 void CEditReplaceDlg::BuildControls(QDialog* dialog) {
-    QFont font = QApplication::font();
-    font.setPointSize(8);
-    dialog->setFont(font);
-    dialog->setWindowTitle(QCoreApplication::translate("Quillbox", "Replace"));
-    dialog->setFixedSize(MapDialogSize(237, 103));
-
-    QLabel* findLabel = AddStatic(0, QCoreApplication::translate("Quillbox", "Fi&nd what:"), 5, 5, 45, 10);
-    QComboBox* find = AddDropDownCombo(IDC_FIND_TEXT, 55, 5, 115, 30);
-    findLabel->setBuddy(find);
-    // Only the user's own edits and picks count as changes, as CBN_EDITCHANGE and CBN_SELCHANGE.
-    QObject::connect(find->lineEdit(), &QLineEdit::textEdited, dialog, [this] { OnFindTextChange(); });
-    QObject::connect(find, &QComboBox::activated, dialog, [this] { OnFindTextChange(); });
+    setUpWindow(dialog, QCoreApplication::translate("Quillbox", "Replace"), 103);
+    addFindRow(dialog, 45);
     QLabel* replaceLabel = AddStatic(0, QCoreApplication::translate("Quillbox", "Re&place with:"), 5, 20, 45, 10);
     replaceLabel->setBuddy(AddDropDownCombo(IDC_REPLACE_TEXT, 55, 20, 115, 30));
-
-    AddCheckBox(IDC_WHOLE_WORD, QCoreApplication::translate("Quillbox", "Match &whole word only "), 5, 40, 90, 10);
-    AddCheckBox(IDC_MATCH_CASE, QCoreApplication::translate("Quillbox", "Match &case "), 5, 55, 90, 10);
-    QAbstractButton* regExpBox =
-        AddCheckBox(IDC_REGULAR_EXPRESSION, QCoreApplication::translate("Quillbox", "R&egular Expression "), 5, 70, 90, 10);
-    QObject::connect(regExpBox, &QAbstractButton::clicked, dialog, [this] { OnRegularExpression(); });
-
-    AddGroupBox(QCoreApplication::translate("Quillbox", "Replace in"), 100, 40, 70, 45);
-    AddRadioButton(IDC_SCOPE_SELECTION, QCoreApplication::translate("Quillbox", "&Selection "), true, 105, 55, 60, 10);
-    AddRadioButton(IDC_SCOPE_WHOLE_FILE, QCoreApplication::translate("Quillbox", "Wh&ole file "), false, 105, 70, 60, 10);
+    addOptionRows(dialog, 40);
+    addChoiceGroup(QCoreApplication::translate("Quillbox", "Replace in"), 40,
+                   {{IDC_SCOPE_SELECTION, QT_TRANSLATE_NOOP("Quillbox", "&Selection "), 105, 60},
+                    {IDC_SCOPE_WHOLE_FILE, QT_TRANSLATE_NOOP("Quillbox", "Wh&ole file "), 105, 60}});
 
     struct Button {
         int id;
@@ -120,24 +102,6 @@ void CEditReplaceDlg::PrepareForShow(int selection, int scope) {
 void CEditReplaceDlg::enableFindNext() {
     if (QWidget* button = GetDlgItem(IDC_FIND_NEXT)) button->setEnabled(!findText.IsEmpty());
 }
-
-void CEditReplaceDlg::applyRegExpState(bool exchange) {
-    if (exchange) UpdateData(TRUE);
-    if (regExp) {
-        wholeWordButton.EnableWindow(FALSE);
-        wholeWord = 0;
-        if (owner) {
-            owner->unescape = 1;
-            owner->wholeWord = 0;
-        }
-    } else {
-        if (owner) owner->unescape = 0;
-        wholeWordButton.EnableWindow(TRUE);
-    }
-    if (exchange) UpdateData(FALSE);
-}
-
-void CEditReplaceDlg::OnRegularExpression() { applyRegExpState(true); }
 
 void CEditReplaceDlg::OnFindTextChange() {
     UpdateData(TRUE);

@@ -2,20 +2,12 @@
 // The modeless replace dialog of an editor window. Like the find dialog it only collects the
 // terms: before each action it writes them into its owner's find state and calls the owner's
 // search or replace, then keeps the two history combos and the count of replacements.
-#include "CDialog.h"
-#include "CMemComboBox.h"
-#include "Controls.h"
+#include "CFindDialogBase.h"
 
-class CScintillaWnd;
-
-class QUILLBOX_EXPORT CEditReplaceDlg : public CDialog {
+class QUILLBOX_EXPORT CEditReplaceDlg : public CFindDialogBase {
 public:
     static constexpr UINT IDD = 8002;
     static constexpr int IDC_STATUS = 1002;
-    static constexpr int IDC_WHOLE_WORD = 1004;
-    static constexpr int IDC_MATCH_CASE = 1005;
-    static constexpr int IDC_FIND_TEXT = 1006;
-    static constexpr int IDC_REGULAR_EXPRESSION = 1007;
     static constexpr int IDC_REPLACE = 1008;
     static constexpr int IDC_REPLACE_ALL = 1009;
     static constexpr int IDC_REPLACE_TEXT = 1010;
@@ -39,24 +31,16 @@ public:
     // the scope, `scope` chooses it (0 selection, 1 whole file).
     void PrepareForShow(int selection, int scope);
 
-    void OnFindTextChange();
-    void OnRegularExpression();
+    void OnFindTextChange() override;
     void OnFindNext();
     void OnReplace();
     void OnReplaceAll();
     const char* GetRuntimeClassName() const override { return "CEditReplaceDlg"; }
 
-    CScintillaWnd* owner;
     int replaceCount = 0;
     int inSelection = 0;
     CStatic statusText;
-    CMemComboBox findCombo;
     CMemComboBox replaceCombo;
-    CButton wholeWordButton;
-    int matchCase = 0;
-    int wholeWord = 0;
-    int regExp = 0;
-    CString findText;
     CString replaceText;
     int replaceScope = 1;  // 0 selection, 1 whole file
 
@@ -68,5 +52,4 @@ private:
     void storeOptions();
     void enableFindNext();
     void showCount();
-    void applyRegExpState(bool exchange);
 };

@@ -14,6 +14,7 @@
 #include "Settings.h"
 #include "SqlStyles.h"
 #include "CKTUtilTrace.h"
+#include "LibraryOnly.h"
 #include "MessageBox.h"
 #include "MessageHandlers.h"
 #include "QuillEngine.h"
@@ -24,6 +25,8 @@ int CScintillaWnd::m_nCntCreation = 0;
 namespace {
 constexpr UINT kDragAndDropMessage = 0x4FF;
 constexpr UINT kCheckCopyMessage = 0x343B;
+// The name traced for the default engine library.
+constexpr const char* kDefaultEngineLibrary = "scilexer.dll";
 
 // The engine QScintilla library this library is linked with, held open by the loader.
 HINSTANCE linkedEngineHandle() { return LibraryContaining(&QsciScintillaBase::staticMetaObject); }

@@ -48,8 +48,6 @@ public:
     // library is linked with; any other path goes to the platform's library loader, and a
     // failure is traced and shown in a message box, and gives null.
     static HINSTANCE LoadScintillaDll(const char* path);
-    // The name traced for the default engine library.
-    static constexpr const char* kDefaultEngineLibrary = "scilexer.dll";
 
     virtual int Create(const char* windowName, DWORD style, const RECT& rect, CWnd* parent, UINT id);
     int Destroy() { return 1; }
@@ -155,7 +153,6 @@ public:
     void GotoLine(int line);
     // Shows the go-to-line dialog, made on first use and kept until the window goes.
     void GotoLine();
-    CGotoDlg* GetGotoDialog() const { return gotoDialog.get(); }
     void GotoLineEnsureVisible(int line);
     virtual void GotoPosition(long position);
     virtual int GetCurrentLine();
@@ -211,10 +208,6 @@ public:
     // As the bookmark searches, wrapping round the document.
     void FindNextMark(int marker);
     void FindPreviousMark(int marker);
-    // Indicators drawn over the text: every visible occurrence of the selected word, and the
-    // match Find Next selected, which stands out from those occurrences while it stays selected.
-    static constexpr int kWordHighlightIndicator = indicator::WordHighlight;
-    static constexpr int kCurrentMatchIndicator = indicator::CurrentMatch;
     // The error mark: while the selection keeps one of its ends, no word highlight shows.
     void SetErrorMark(bool on, long start, long end);
     // Selects the word at (offset x, line y counted from 0) and holds it as the error mark.
@@ -240,6 +233,7 @@ public:
     virtual int ReplaceAll(char const* find, char const* replace, int inSelection);
     virtual void ReplaceSearchedText(CString text);
     // The dialogs write the find state before each operation.
+    friend class CFindDialogBase;
     friend class CFindTextDlg;
     friend class CEditReplaceDlg;
 
@@ -265,10 +259,16 @@ public:
     // The folder the property file "SciTEGlobal.properties" is read from: "properties"
     // beside the running program.
     static CString PropertiesFolder();
-    // The legacy code page "ANSI" means for this window's files (949, 932, 936 or 950).
-    int GetAnsiCodePage() const { return ansiCodePage; }
 
 protected:
+    // Indicators drawn over the text: every visible occurrence of the selected word, and the
+    // match Find Next selected, which stands out from those occurrences while it stays selected.
+    static constexpr int kWordHighlightIndicator = indicator::WordHighlight;
+    static constexpr int kCurrentMatchIndicator = indicator::CurrentMatch;
+    // The legacy code page "ANSI" means for this window's files (949, 932, 936 or 950).
+    int GetAnsiCodePage() const { return ansiCodePage; }
+    // The go-to-line dialog once GotoLine() made it.
+    CGotoDlg* GetGotoDialog() const { return gotoDialog.get(); }
     virtual void initScintilla();
     // Gives the window a document with style bytes (`styled`) or without, as its lexer needs.
     void matchDocumentStyling(bool styled);

@@ -9,6 +9,7 @@
 #include <cstdio>
 
 #include "CScintillaWnd.h"
+#include "LibraryOnly.h"
 #include "MessageBox.h"
 #include "Resources.h"
 

@@ -1,4 +1,5 @@
 #include "CDC.h"
+#include "LibraryOnly.h"
 
 #include <QApplication>
 #include <QFontMetrics>

@@ -62,10 +62,6 @@ constexpr DWORD PD_RETURNDC = 0x100;         // in: make hDC for the chosen prin
 constexpr DWORD PD_RETURNDEFAULT = 0x400;    // in: no dialog, take the default printer
 constexpr DWORD PD_USEDEVMODECOPIES = 0x40000;
 
-// Win32's MulDiv: number * numerator / denominator with a 64-bit product, rounded half away
-// from zero; -1 when the denominator is 0 or the result does not fit an int.
-QUILLBOX_EXPORT int MulDiv(int number, int numerator, int denominator);
-
 struct TEXTMETRIC {
     LONG tmHeight = 0;            // ascent + descent
     LONG tmAscent = 0;

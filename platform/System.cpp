@@ -1,4 +1,5 @@
 #include "System.h"
+#include "LibraryOnly.h"
 
 #include <QApplication>
 #include <QCoreApplication>

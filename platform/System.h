@@ -1,6 +1,6 @@
 #pragma once
 // Process services the window classes call by their Win32 names: the last error and its text,
-// pauses, the system language, library loading and the running program's path.
+// the system language, library loading and the running program's path.
 #include "CString.h"
 #include "WinTypes.h"
 
@@ -18,8 +18,6 @@ QUILLBOX_EXPORT DWORD GetLastError();
 QUILLBOX_EXPORT CString GetLastErrorText();
 QUILLBOX_EXPORT void SetLastError(DWORD code);
 QUILLBOX_EXPORT void SetLastError(DWORD code, const char* text);
-
-QUILLBOX_EXPORT void Sleep(DWORD milliseconds);
 
 // The system language as a Windows language id, from the locale (QLocale::system()).
 // QUILLBOX_LANGID, when set to a number, overrides it, so that tests can pick one.

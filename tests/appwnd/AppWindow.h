@@ -11,7 +11,8 @@
 class TestAppWindow : public CKTScinWnd {
 public:
     using CKTScinWnd::FoldChanged, CKTScinWnd::fileBackup, CKTScinWnd::fontSetting, CKTScinWnd::SendEditor,
-        CKTScinWnd::setForegroundColor, CKTScinWnd::blankAfterComment;
+        CKTScinWnd::setForegroundColor, CKTScinWnd::blankAfterComment, CKTScinWnd::GetAnsiCodePage,
+        CKTScinWnd::GetGotoDialog;
     int modifiedCalls = 0;
     bool lastModified = false;
     void OnModified(bool modified) override { ++modifiedCalls, lastModified = modified; }

@@ -63,11 +63,14 @@ TEST_F(DropTest, PlainTextIsNotThePrivateFormatButTheEngineStillTakesIt) {
     EXPECT_EQ(text(), "azzbc");
 }
 
-TEST_F(DropTest, AReadOnlyEditorTakesTheDropAndChangesNothing) {
+TEST_F(DropTest, AReadOnlyEditorTakesEveryDropAndChangesNothing) {
     load("abc");
     send(SCI_SETREADONLY, 1);
     std::unique_ptr<QMimeData> data(privateDrop("zz"));
     EXPECT_EQ(dropMessage(data.get()), 1);
     EXPECT_EQ(text(), "abc");
     EXPECT_EQ(editor->SendMessage(0x4FF, 0, 0), 0);  // no record: nothing to drop
+    POINT p{int(send(SCI_POINTXFROMPOSITION, 0, 1)), int(send(SCI_POINTYFROMPOSITION, 0, 1)) + 2};
+    editor->DropText(&p, "zz");
+    EXPECT_EQ(text(), "abc");
 }

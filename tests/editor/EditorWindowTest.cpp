@@ -1,10 +1,8 @@
 // The editor window as a window: creation, the start-up sequence, messages and notifications.
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <cstdlib>
 
-#include "CKTUtilTrace.h"
 #include "EditorFixture.h"
 #include "MessageBox.h"
 
@@ -16,9 +14,9 @@ struct TraceCapture {
         setenv("QUILLBOX_LOG_LEVEL", level, 1);
     }
     ~TraceCapture() { unsetenv("QUILLBOX_LOG_FILE"), setenv("QUILLBOX_LOG_LEVEL", "0", 1); }
-    QStringList lines() const {
+    QString all() const {
         QFile f(dir.filePath("trace.log"));
-        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts) : QStringList();
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
     }
     QTemporaryDir dir;
 };
@@ -36,45 +34,44 @@ TEST(EditorWindow, CreationCountFollowsObjectsNotWindows) {
     EXPECT_EQ(CScintillaWnd::m_nCntCreation, before);
 }
 
-TEST(EditorWindow, NullParentTracesTenTimesAtAnyLevelAndFails) {
-    TraceCapture capture("0");
-    TestEditor editor;
-    QElapsedTimer timer;
-    timer.start();
-    EXPECT_EQ(editor.Create("x", WS_CHILD, RECT{0, 0, 10, 10}, nullptr, 1), 0);
-    EXPECT_GE(timer.elapsed(), 1000);
-    const QStringList lines = capture.lines();
-    ASSERT_EQ(lines.size(), 10);
-    EXPECT_TRUE(lines[0].startsWith("CScintillaWnd::Create- pParentWnd==NULL-0 : ( "));
-    EXPECT_TRUE(lines[9].startsWith("CScintillaWnd::Create- pParentWnd==NULL-9 : ( "));
-    EXPECT_EQ(editor.GetSafeHwnd(), nullptr);
-}
-
-TEST(EditorWindow, EntryTracesAppearAtLevelNine) {
+TEST(EditorWindow, FailuresTraceAtAnyLevelAndEntriesAtLevelNine) {
+    {
+        TraceCapture capture("0");
+        TestEditor orphan;
+        EXPECT_EQ(orphan.Create("x", WS_CHILD, RECT{0, 0, 10, 10}, nullptr, 1), 0);
+        const QStringList lines = capture.all().split('\n', Qt::SkipEmptyParts);
+        ASSERT_EQ(lines.size(), 10);
+        EXPECT_TRUE(lines[0].startsWith("CScintillaWnd::Create- pParentWnd==NULL-0 : ( "));
+        EXPECT_TRUE(lines[9].startsWith("CScintillaWnd::Create- pParentWnd==NULL-9 : ( "));
+        EXPECT_EQ(orphan.GetSafeHwnd(), nullptr);
+    }
     TraceCapture capture("9");
     CWnd frame;
     ASSERT_TRUE(frame.CreateEx(0, "QuillboxFrame", "", 0, RECT{0, 0, 100, 100}, nullptr, 0));
     TestEditor editor;
     ASSERT_EQ(editor.Create("x", WS_CHILD, RECT{0, 0, 100, 100}, &frame, 1), 1);
     editor.initScintilla();
-    const QString all = capture.lines().join('\n');
-    for (const char* entry : {"CScintillaWnd::Create : ( ", "CScintillaWnd::Create Success : ( ", "CScintillaWnd::initScintilla : ( "})
-        EXPECT_TRUE(all.contains(entry)) << entry;
-}
-
-TEST(EditorWindow, EngineLoadFailureIsTracedAndShown) {
-    TraceCapture capture("9");
     CString shown;
     MessageBoxHook previous = SetMessageBoxHook([&](const char* text, const char*, UINT) { return shown = text, IDOK; });
     EXPECT_EQ(CScintillaWnd::LoadScintillaDll("/nonexistent/libscilexer.so"), nullptr);
     SetMessageBoxHook(previous);
     EXPECT_EQ(shown.Find("/nonexistent/libscilexer.so : "), 0);
     EXPECT_GT(shown.GetLength(), int(strlen("/nonexistent/libscilexer.so : ")));
-    EXPECT_TRUE(capture.lines().join('\n').contains("CScintillaWnd::LoadScintillaDll Fail GetLastError:["));
     EXPECT_NE(CScintillaWnd::LoadScintillaDll(nullptr), nullptr);
+    const QString all = capture.all();
+    for (const char* entry : {"CScintillaWnd::Create : ( ", "CScintillaWnd::Create Success : ( ",
+                              "CScintillaWnd::initScintilla : ( ", "CScintillaWnd::LoadScintillaDll Fail GetLastError:["})
+        EXPECT_TRUE(all.contains(entry)) << entry;
 }
 
-TEST_F(EditorTest, InitialiseWithKeywordsDefinesFoldingAndNarrowsNotifications) {
+TEST_F(EditorTest, InitialiseWithOrWithoutKeywordsAndAgain) {
+    const long markerBefore = send(SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER);
+    editor->keyWordUsingPreCreate = 0;  // skips lexer and folding but sets the rest
+    editor->initScintilla();
+    expectSends({{SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER, markerBefore}, {SCI_GETMODEVENTMASK, 0, SC_MODEVENTMASKALL},
+                 {SCI_GETMARGINSENSITIVEN, 2, 0}, {SCI_GETEOLMODE, 0, SC_EOL_CRLF}, {SCI_STYLEGETFORE, 4, 0x0000FF},
+                 {SCI_INDICGETALPHA, 29, 192}});
+    editor->keyWordUsingPreCreate = 1;
     for (int round = 0; round < 2; ++round) {  // the sequence may run again and again
         SCOPED_TRACE(round);
         editor->initScintilla();
@@ -84,15 +81,6 @@ TEST_F(EditorTest, InitialiseWithKeywordsDefinesFoldingAndNarrowsNotifications) 
                      {SCI_GETEOLMODE, 0, SC_EOL_CRLF}, {SCI_STYLEGETFORE, 5, 0xFF0000}, {SCI_STYLEGETBOLD, STYLE_BRACELIGHT, 1},
                      {SCI_INDICGETSTYLE, 29, INDIC_STRAIGHTBOX}, {SCI_MARKERSYMBOLDEFINED, 2, SC_MARK_SHORTARROW}});
     }
-}
-
-TEST_F(EditorTest, InitialiseWithoutKeywordsSkipsLexerAndFoldingButSetsTheRest) {
-    editor->keyWordUsingPreCreate = 0;
-    const long markerBefore = send(SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER);
-    editor->initScintilla();
-    expectSends({{SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER, markerBefore}, {SCI_GETMODEVENTMASK, 0, SC_MODEVENTMASKALL},
-                 {SCI_GETMARGINSENSITIVEN, 2, 0}, {SCI_GETEOLMODE, 0, SC_EOL_CRLF}, {SCI_STYLEGETFORE, 4, 0x0000FF},
-                 {SCI_INDICGETALPHA, 29, 192}});
 }
 
 TEST_F(EditorTest, DocumentKeepsStyleBytesOnlyWhileALexerNeedsThem) {
@@ -121,16 +109,14 @@ TEST_F(EditorTest, DocumentKeepsStyleBytesOnlyWhileALexerNeedsThem) {
     EXPECT_STREQ(text().c_str(), styled.c_str());
 }
 
-TEST_F(EditorTest, MessagesReachTheEngineThroughTheWindow) {
+TEST_F(EditorTest, MessagesReachTheEngineAndNotificationsTheWindow) {
     load("abc");
     EXPECT_EQ(editor->SendMessage(SCI_GETLENGTH), 3);
     EXPECT_EQ(editor->SendMessage(0x343B), 1);       // the copy check answers 1
     EXPECT_EQ(editor->SendMessage(WM_USER + 5), 0);  // unknown window messages do nothing
     EXPECT_EQ(editor->SendMessage(SCI_DELETERANGE_EXT, 0, 1), 1);
     EXPECT_EQ(text(), "bc");
-}
 
-TEST_F(EditorTest, NotificationsReachTheWindowWithTheirFields) {
     load("line\n");
     send(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
     editor->notifications.clear();
@@ -139,20 +125,17 @@ TEST_F(EditorTest, NotificationsReachTheWindowWithTheirFields) {
     send(SCI_DELETERANGE, 1, 3);
     const std::vector<size_t> modified = notified(SCN_MODIFIED);
     ASSERT_EQ(modified.size(), 2u);
-    const SCNotification& ins = editor->notifications[modified[0]];
-    EXPECT_TRUE(ins.modificationType & SC_MOD_INSERTTEXT);
-    EXPECT_TRUE(ins.modificationType & SC_PERFORMED_USER);
-    EXPECT_EQ(ins.nmhdr.hwndFrom, editor->GetSafeHwnd());
-    EXPECT_EQ(ins.nmhdr.idFrom, 42u);
-    const SCNotification& del = editor->notifications[modified[1]];
-    EXPECT_TRUE(del.modificationType & SC_MOD_DELETETEXT);
-    const struct { const SCNotification& n; long position, length, linesAdded; const char* text; } rows[] = {
-        {ins, 2, 4, 2, "a\nb\n"}, {del, 1, 3, -1, "ia\n"}};
+    const struct { int type; long position, length, linesAdded; const char* text; } rows[] = {
+        {SC_MOD_INSERTTEXT, 2, 4, 2, "a\nb\n"}, {SC_MOD_DELETETEXT, 1, 3, -1, "ia\n"}};
     for (size_t i = 0; i < 2; ++i) {
         SCOPED_TRACE(i);
-        EXPECT_EQ(rows[i].n.position, rows[i].position);
-        EXPECT_EQ(rows[i].n.length, rows[i].length);
-        EXPECT_EQ(rows[i].n.linesAdded, rows[i].linesAdded);
+        const SCNotification& n = editor->notifications[modified[i]];
+        EXPECT_TRUE((n.modificationType & rows[i].type) && (n.modificationType & SC_PERFORMED_USER));
+        EXPECT_EQ(n.nmhdr.hwndFrom, editor->GetSafeHwnd());
+        EXPECT_EQ(n.nmhdr.idFrom, 42u);
+        EXPECT_EQ(n.position, rows[i].position);
+        EXPECT_EQ(n.length, rows[i].length);
+        EXPECT_EQ(n.linesAdded, rows[i].linesAdded);
         EXPECT_EQ(editor->notifiedTexts[modified[i]], rows[i].text);
     }
 }

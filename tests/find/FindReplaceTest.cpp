@@ -125,53 +125,47 @@ TEST_F(FindTest, PlayReplaceComparesWithoutCaseAndOtherwiseSearches) {
     EXPECT_EQ(text(), "\xff X");
 }
 
-TEST_F(FindTest, ReplaceAllIsOneUndoStepAndLeavesTheCaretAfterTheLast) {
+TEST_F(FindTest, ReplaceAllIsOneUndoStepCountsEmptyMatchesAndReportsMisses) {
     load("a1 a2 a3\n");
     search("a", "bb");
     select(4, 4);
     EXPECT_EQ(editor->ReplaceAll(false), 3);  // wrap: from the top
     EXPECT_EQ(text(), "bb1 bb2 bb3\n");
-    EXPECT_EQ(editor->GetCurrentPosition(), 10);
+    EXPECT_EQ(editor->GetCurrentPosition(), 10);  // after the last
     send(SCI_UNDO);
     EXPECT_EQ(text(), "a1 a2 a3\n");
-
     editor->wrapSearch = 0;
     select(4, 4);
     EXPECT_EQ(editor->ReplaceAll(false), 1);  // without wrap only from the selection on
     EXPECT_EQ(text(), "a1 a2 bb3\n");
-    EXPECT_TRUE(messages.empty());
-}
+    editor->wrapSearch = 1;
 
-TEST_F(FindTest, ReplaceAllReportsEmptyTextsAndMisses) {
+    // Expressions that match empty: the empty last line counts; empty matches move on by one,
+    // none at a line end, so the next line starts.
+    for (auto [content, find, replacement, count, after] :
+         {std::tuple{"ab\ncd\n", "^", "> ", 3, "> ab\n> cd\n> "}, {"ab\ncd", "x*", "-", 4, "-a-b\n-c-d"}}) {
+        load(content);
+        search(find, replacement, 1);
+        EXPECT_EQ(editor->DoReplaceAll(false), count) << find;
+        EXPECT_EQ(text(), after);
+    }
+    EXPECT_TRUE(messages.empty());
+
     load("abc");
-    editor->findText = "zz";
+    search("zz");
     EXPECT_EQ(editor->ReplaceAll(false), 0);
     editor->findText = "a";
     select(1, 1);
     EXPECT_EQ(editor->ReplaceAll(true), -2);
-    editor->findText = "\\x00";
-    editor->unescape = 1;
+    search("\\x00", "", 0, 1);
     EXPECT_EQ(editor->ReplaceAll(false), -1);
-    ASSERT_EQ(messages.size(), 3u);
-    EXPECT_EQ(messages[0], "No replacements because string \"zz\" was not present.");
-    EXPECT_EQ(messages[1], "Selection must not be empty for 'Replace in Selection' command.");
-    EXPECT_EQ(messages[2],
-              "Find string must not be empty for 'Replace in Selection' command. : "
-              "Find string must not be empty for 'Replace All' command.");
+    EXPECT_EQ(messages, (std::vector<std::string>{
+                            "No replacements because string \"zz\" was not present.",
+                            "Selection must not be empty for 'Replace in Selection' command.",
+                            "Find string must not be empty for 'Replace in Selection' command. : "
+                            "Find string must not be empty for 'Replace All' command."}));
     EXPECT_EQ(text(), "abc");
     EXPECT_EQ(send(SCI_CANUNDO), 0);
-}
-
-TEST_F(FindTest, ReplaceAllOfExpressionsThatMatchEmpty) {
-    load("ab\ncd\n");
-    search("^", "> ", 1);
-    EXPECT_EQ(editor->ReplaceAll(false), 3);  // the empty last line counts too
-    EXPECT_EQ(text(), "> ab\n> cd\n> ");
-
-    load("ab\ncd");
-    search("x*", "-", 1);  // empty matches move on by one; none at a line end, so the next line starts
-    EXPECT_EQ(editor->DoReplaceAll(false), 4);
-    EXPECT_EQ(text(), "-a-b\n-c-d");
 }
 
 TEST_F(FindTest, ReplaceAllInLineAndRectangularSelections) {

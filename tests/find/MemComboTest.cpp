@@ -68,44 +68,28 @@ protected:
 };
 }  // namespace
 
-TEST_F(MemComboTest, FillPutsTheTextOnTopOnceAndStoresTheGroup) {
+TEST_F(MemComboTest, FillPutsTheTextOnTopOnceKeepsSixtyFourAndStoresOneLineTexts) {
     combo->Fill("");
     combo->Fill(nullptr);
     EXPECT_EQ(combo->GetCount(), 0);
-    EXPECT_TRUE(CMemComboBox::groups.empty());
-
     combo->Fill("no group");  // listed, but without a group nothing is stored
     EXPECT_TRUE(CMemComboBox::groups.empty());
-
     combo->group = "FindText";
-    for (const char* t : {"FIND", "b", "c", "d", "e"}) combo->Fill(t);
-    EXPECT_EQ(items(), "e|d|c|b|FIND|no group|");
-    combo->Fill("find");  // the same text in another case moves up, as now given
-    EXPECT_EQ(items(), "find|e|d|c|b|no group|");
+    for (const char* t : {"FIND", "two\nlines", "c", "d", "e", "find"}) combo->Fill(t);
+    // The same text in another case moves up, as now given; a text with a line end is listed only.
+    EXPECT_EQ(items(), "find|e|d|c|two\nlines|no group|");
     EXPECT_EQ(combo->GetCurSel(), 0);
     EXPECT_EQ(combo->GetWindowText(), "find");
-    EXPECT_EQ(CMemComboBox::groups["FindText"], "find\ne\nd\nc\nb\nno group\n");
+    EXPECT_EQ(CMemComboBox::groups["FindText"], "find\ne\nd\nc\nno group\n");
+    EXPECT_EQ(Other(host.get(), "FindText").combo.GetCount(), 5);  // what another combo of the group takes over
     CString none;
     EXPECT_EQ(combo->GetLBText(6, none), CB_ERR);
-}
 
-TEST_F(MemComboTest, ATextWithALineEndIsListedButKeptOutOfTheHistory) {
-    combo->group = "G";
-    for (const char* t : {"one", "two\nlines", "three"}) combo->Fill(t);
-    EXPECT_EQ(items(), "three|two\nlines|one|");
-    EXPECT_EQ(CMemComboBox::groups["G"], "three\none\n");
-
-    EXPECT_EQ(Other(host.get(), "G").combo.GetCount(), 2);  // what another combo of the group takes over
-}
-
-TEST_F(MemComboTest, TheListKeepsSixtyFourItems) {
-    combo->group = "G";
     for (int i = 0; i < CMemComboBox::kMaxItems; ++i) combo->Fill(CString(std::to_string(i)));
     combo->Fill("new");
     EXPECT_EQ(combo->GetCount(), 64);
-    CString last;
-    combo->GetLBText(63, last);
-    EXPECT_EQ(last, "1");  // "0", the oldest, fell out
+    EXPECT_EQ(combo->FindStringExact(-1, "0"), CB_ERR);  // the oldest fell out
+    EXPECT_EQ(combo->FindStringExact(-1, "1"), 63);
     combo->Fill("30");
     EXPECT_EQ(combo->GetCount(), 64);
     EXPECT_EQ(combo->FindStringExact(-1, "1"), 63);
@@ -121,12 +105,21 @@ TEST_F(MemComboTest, TheHistoryIsTakenOnceAndOnlyWhereAGroupIsSet) {
     combo->Fill("typed first");  // stands above the history, which is appended
     combo->group = "G";
     box->setEditText("draft");
-    combo->OnSetfocus();
+    host->show();  // the real focus event takes the history
+    host->activateWindow();
+    QApplication::setActiveWindow(host.get());
+    box->setFocus();
+    QApplication::processEvents();
     EXPECT_EQ(items(), "typed first|a|b|");
     EXPECT_EQ(combo->GetWindowText(), "draft");
     EXPECT_EQ(combo->historyPending, 0);
     combo->OnSetfocus();
     EXPECT_EQ(combo->GetCount(), 3);
+    box->lineEdit()->setText("typed");  // leaving keeps what was typed
+    other->setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(items(), "typed|typed first|a|b|");
+    EXPECT_EQ(CMemComboBox::groups["G"], "typed\ntyped first\na\nb\n");
 
     Other second(host.get(), "H");
     EXPECT_EQ(second.combo.GetCount(), 1);  // a stretch after the last LF is no item
@@ -136,24 +129,6 @@ TEST_F(MemComboTest, TheHistoryIsTakenOnceAndOnlyWhereAGroupIsSet) {
     CMemComboBox::groups["missing"] = "late\n";
     third.combo.OnSetfocus();  // it looked once and will not look again
     EXPECT_EQ(third.combo.GetCount(), 0);
-}
-
-TEST_F(MemComboTest, FocusLoadsTheHistoryAndLeavingKeepsWhatWasTyped) {
-    CMemComboBox::groups["G"] = "old\n";
-    combo->group = "G";
-    host->show();
-    host->activateWindow();
-    QApplication::setActiveWindow(host.get());
-    box->setFocus();
-    QApplication::processEvents();
-    EXPECT_EQ(combo->historyPending, 0);
-    EXPECT_EQ(items(), "old|");
-
-    box->lineEdit()->setText("typed");
-    other->setFocus();
-    QApplication::processEvents();
-    EXPECT_EQ(items(), "typed|old|");
-    EXPECT_EQ(CMemComboBox::groups["G"], "typed\nold\n");
 }
 
 TEST_F(MemComboTest, TheListStopsAboveTheScreensLowerEdge) {

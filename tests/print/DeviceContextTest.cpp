@@ -7,6 +7,7 @@
 #include <climits>
 
 #include "CDC.h"
+#include "LibraryOnly.h"
 #include "PrintRecorder.h"
 
 namespace {

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "EditorFixture.h"
+#include "LibraryOnly.h"
 #include "MessageBox.h"
 #include "PrintRecorder.h"
 
