@@ -100,7 +100,7 @@ TEST(StatementExtraction, CaseFiles) {
     EXPECT_GT(checked, 0);
 }
 
-TEST(StatementExtraction, CaretAtEdgesAndOutsideTheText) {
+TEST(StatementExtraction, CaretsOutsideTheTextHostileBytesAndHugeLines) {
     const std::vector<CString> lines = {"select a\r\n", "from t\r\n", "where x"};
     const std::string whole = "select a\r\nfrom t\r\nwhere x";
     EXPECT_EQ(Query(lines, -7, -3), whole);
@@ -108,6 +108,12 @@ TEST(StatementExtraction, CaretAtEdgesAndOutsideTheText) {
     EXPECT_EQ(Query(lines, 0, 9), whole);   // between CR and LF: moved before the CR
     EXPECT_EQ(Query({}, 0, 0), "");
     EXPECT_EQ(StatementExtractor::GetCurrentQuery(FunctionStatementSource(5, 2, 0, nullptr)).str(), "");
+    // Hostile bytes and a 2,000,000-byte line.
+    std::string huge;
+    for (int i = 0; i < 200000; ++i) huge += "((((((((x ";
+    EXPECT_EQ(Query({CString(huge + "\n"), CString("tail")}, 0, 0), huge + "\ntail");
+    const std::string odd("\xFF\xFE sel\0ect \xC3(\r", 14);
+    EXPECT_EQ(Query({CString(odd), CString("\x80;x")}, 1, 1), odd + "\x80");
 }
 
 TEST(StatementExtraction, BudgetBoundsTheLinesRead) {
@@ -129,14 +135,6 @@ TEST(StatementExtraction, BudgetBoundsTheLinesRead) {
     const VectorStatementSource far(sparse, 1100, 0);
     EXPECT_EQ(StatementExtractor::GetCurrentQuery(far).str(), "");
     EXPECT_EQ(far.LowestLineRead(), 600);
-}
-
-TEST(StatementExtraction, HostileBytesAndHugeLines) {
-    std::string huge;
-    for (int i = 0; i < 200000; ++i) huge += "((((((((x ";
-    EXPECT_EQ(Query({CString(huge + "\n"), CString("tail")}, 0, 0), huge + "\ntail");
-    const std::string odd("\xFF\xFE sel\0ect \xC3(\r", 14);
-    EXPECT_EQ(Query({CString(odd), CString("\x80;x")}, 1, 1), odd + "\x80");
 }
 
 TEST(StatementExtraction, CheckCommentFindsBlockCommentsAndCutsLineComments) {

@@ -2,7 +2,6 @@
 // the options read from the settings at each call, undo, and the empty document.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 #include "CKTRegistry.h"
@@ -10,6 +9,7 @@
 #include "CommandIds.h"
 #include "ScratchRegistry.h"
 #include "System.h"
+#include "WindowHost.h"
 
 namespace {
 class FormatWindow : public CKTScinWnd {
@@ -28,16 +28,13 @@ void setSetting(const char* name, int value) {
     setting.SetInt(name, value);
 }
 
-class FormatCommand : public ::testing::Test {
+class FormatCommand : public WindowHostTest<FormatWindow> {
 protected:
     void SetUp() override {
-        frame = std::make_unique<CWnd>();
-        ASSERT_TRUE(frame->CreateEx(0, "QuillboxFrame", "frame", WS_VISIBLE, RECT{0, 0, 640, 480}, nullptr, 0));
-        window = std::make_unique<FormatWindow>();
+        WindowHostTest::SetUp();
         window->SetKeyWordUsingPreCreate(true);
-        ASSERT_EQ(window->Create("sql", WS_CHILD | WS_VISIBLE, RECT{0, 0, 600, 400}, frame.get(), 7), 1);
+        createChild(7);
     }
-    long send(long m, WPARAM w = 0, LPARAM l = 0) { return window->SendEditor(m, w, l); }
     // The document's text with LF line ends, whatever the engine's line end mode.
     std::string text() {
         std::string s = window->GetText().str();
@@ -51,29 +48,24 @@ protected:
     }
 
     ScratchRegistry registry;
-    std::unique_ptr<CWnd> frame;
-    std::unique_ptr<FormatWindow> window;
 };
 }  // namespace
 
+// The keyword tables Format SQL hands the formatter: a word matches on its given length (the
+// first bytes of a longer text), in any letter case; no length, no text or a NUL inside, none.
 TEST(FormatKeywords, TablesMatchTheirLengthInAnyCase) {
-    EXPECT_EQ(FormatWindow::isSQLKeyword("select", 6), 1);
-    EXPECT_EQ(FormatWindow::isSQLKeyword("selec", 5), 0);
-    EXPECT_EQ(FormatWindow::isSQLKeyword("selected", 6), 1);  // the first six bytes
-    EXPECT_EQ(FormatWindow::isSQLKeyword("ACCESS", 6), 1);   // first and last entries
-    EXPECT_EQ(FormatWindow::isSQLKeyword("zone", 4), 1);
-    EXPECT_EQ(FormatWindow::isSQLKeyword("count", 5), 0);
-    EXPECT_EQ(FormatWindow::isSQLKeyword("", 0), 0);
-    EXPECT_EQ(FormatWindow::isSQLKeyword("as", -1), 0);
-    EXPECT_EQ(FormatWindow::isSQLKeyword(nullptr, 3), 0);
-    EXPECT_EQ(FormatWindow::isSQLKeyword("AS\0X", 4), 0);  // a zero inside the length
-    EXPECT_EQ(FormatWindow::isSQLKeyword("\xC3\xA9", 2), 0);
-
-    EXPECT_EQ(FormatWindow::isSQLKeyword2("Count", 5), 1);
-    EXPECT_EQ(FormatWindow::isSQLKeyword2("abs", 3), 1);
-    EXPECT_EQ(FormatWindow::isSQLKeyword2("xmltransform", 12), 1);
-    EXPECT_EQ(FormatWindow::isSQLKeyword2("trunc", 5), 1);
-    EXPECT_EQ(FormatWindow::isSQLKeyword2("select", 6), 0);
+    const auto k1 = &FormatWindow::isSQLKeyword, k2 = &FormatWindow::isSQLKeyword2;
+    const struct {
+        int (*test)(const char*, int);
+        const char* word;
+        int length, expected;
+    } rows[] = {
+        {k1, "select", 6, 1}, {k1, "selec", 5, 0}, {k1, "selected", 6, 1}, {k1, "ACCESS", 6, 1}, {k1, "zone", 4, 1},
+        {k1, "count", 5, 0},  {k1, "", 0, 0},      {k1, "as", -1, 0},      {k1, nullptr, 3, 0},   {k1, "AS\0X", 4, 0},
+        {k1, "\xC3\xA9", 2, 0}, {k2, "Count", 5, 1}, {k2, "abs", 3, 1}, {k2, "xmltransform", 12, 1},
+        {k2, "trunc", 5, 1}, {k2, "select", 6, 0},
+    };
+    for (const auto& row : rows) EXPECT_EQ(row.test(row.word, row.length), row.expected) << (row.word ? row.word : "null");
 }
 
 TEST_F(FormatCommand, AnEmptyDocumentIsDisabledAndBeeps) {

@@ -15,11 +15,7 @@
 namespace sqlref {
 // The byte classes and the reach of literals and comments are the library's own lexical layer,
 // which the tokenizer tests pin down; what this reader decides alone is where lexemes part.
-inline bool digit(unsigned char c) { return sqlchar::isDigit(c); }
-inline bool word(unsigned char c) { return sqlchar::isWordByte(c); }
-inline bool wordStart(unsigned char c) { return sqlchar::isWordStart(c); }
-inline bool space(unsigned char c) { return sqlchar::isBlank(c); }
-inline bool op(unsigned char c) { return sqlchar::isOperatorByte(c); }
+using sqlchar::isBlank, sqlchar::isDigit, sqlchar::isOperatorByte, sqlchar::isWordByte, sqlchar::isWordStart;
 inline std::string upper(std::string_view s) {
     std::string r(s);
     for (char& c : r) c = sqlchar::toUpper(c);
@@ -34,7 +30,7 @@ public:
         bool statementStart = true, lineStart = true;
         while (i_ < s_.size()) {
             const unsigned char c = at(i_);
-            if (space(c)) {
+            if (isBlank(c)) {
                 lineStart |= c == '\n' || c == '\r';
                 ++i_;
                 continue;
@@ -48,7 +44,7 @@ public:
                 toLineEnd();
                 ends = true;
                 chooseDelimiter(s_.substr(from, i_ - from));
-            } else if ((c == '-' && at(i_ + 1) == '-') || (c == '#' && (space(at(i_ + 1)) || at(i_ + 1) == '#' || i_ + 1 >= s_.size()))) {
+            } else if ((c == '-' && at(i_ + 1) == '-') || (c == '#' && (isBlank(at(i_ + 1)) || at(i_ + 1) == '#' || i_ + 1 >= s_.size()))) {
                 toLineEnd();
                 comment = true;
             } else if (sqllex::startsBlockComment(s_, i_)) {
@@ -69,8 +65,8 @@ public:
                 }
             } else if (c == '\'' || c == '"' || c == '`') {
                 quoted(char(c), false);
-            } else if (wordStart(c) || c == '$' || (c == '#' && wordStart(at(i_ + 1)))) {
-                for (++i_; word(at(i_)) && !(at(i_) == '#' && (at(i_ + 1) == '>' || at(i_ + 1) == '-')); ++i_) {
+            } else if (isWordStart(c) || c == '$' || (c == '#' && isWordStart(at(i_ + 1)))) {
+                for (++i_; isWordByte(at(i_)) && !(at(i_) == '#' && (at(i_ + 1) == '>' || at(i_ + 1) == '-')); ++i_) {
                 }
                 const std::string w = upper(s_.substr(from, i_ - from));
                 const bool alternativeQuote = sqllex::opensAlternativeQuote(s_, i_, w);
@@ -93,18 +89,18 @@ public:
                 else i_ += at(i_ + 1) == '.' ? 2 : 1;
             } else if (c == '%' && attributeLength(i_) > 0) {
                 attribute();
-            } else if (c == ':' && (word(at(i_ + 1)) || at(i_ + 1) == '\'' || at(i_ + 1) == '"')) {
+            } else if (c == ':' && (isWordByte(at(i_ + 1)) || at(i_ + 1) == '\'' || at(i_ + 1) == '"')) {
                 ++i_;
                 if (at(i_) == '\'' || at(i_) == '"') quoted(char(at(i_)), false);
-                else while (word(at(i_))) ++i_;
-            } else if ((c == '&' || c == '@') && !(i_ > 0 && (word(at(i_ - 1)) || at(i_ - 1) == ')' || at(i_ - 1) == '"' || at(i_ - 1) == '`')) &&
-                       (wordStart(at(i_ + 1)) || (at(i_ + 1) == c && wordStart(at(i_ + 2))))) {
+                else while (isWordByte(at(i_))) ++i_;
+            } else if ((c == '&' || c == '@') && !(i_ > 0 && (isWordByte(at(i_ - 1)) || at(i_ - 1) == ')' || at(i_ - 1) == '"' || at(i_ - 1) == '`')) &&
+                       (isWordStart(at(i_ + 1)) || (at(i_ + 1) == c && isWordStart(at(i_ + 2))))) {
                 i_ += at(i_ + 1) == c ? 2 : 1;
-                while (word(at(i_))) ++i_;
-            } else if (op(c)) {
+                while (isWordByte(at(i_))) ++i_;
+            } else if (isOperatorByte(c)) {
                 ++i_;
-                while (op(at(i_)) && !(at(i_) == '-' && at(i_ + 1) == '-') && !(at(i_) == '/' && at(i_ + 1) == '*') &&
-                       !(at(i_) == ':' && at(i_ - 1) != ':' && word(at(i_ + 1))))
+                while (isOperatorByte(at(i_)) && !(at(i_) == '-' && at(i_ + 1) == '-') && !(at(i_) == '/' && at(i_ + 1) == '*') &&
+                       !(at(i_) == ':' && at(i_ - 1) != ':' && isWordByte(at(i_ + 1))))
                     ++i_;
             } else {
                 ++i_;
@@ -132,7 +128,7 @@ private:
     std::size_t attributeLength(std::size_t k) const {
         if (at(k) != '%') return 0;
         std::size_t e = k + 1;
-        while (word(at(e))) ++e;
+        while (isWordByte(at(e))) ++e;
         const std::string a = upper(s_.substr(k + 1, e - k - 1));
         for (const char* known : {"TYPE", "ROWTYPE", "FOUND", "NOTFOUND", "ISOPEN", "ROWCOUNT", "BULK_ROWCOUNT",
                                   "BULK_EXCEPTIONS", "CHARSET"})
@@ -147,9 +143,9 @@ private:
             const unsigned char c = at(i_);
             if (c == '.' && !dot && !exponent && at(i_ + 1) != '.') dot = true, ++i_;
             else if ((c == 'e' || c == 'E') && !exponent &&
-                     (digit(at(i_ + 1)) || ((at(i_ + 1) == '+' || at(i_ + 1) == '-') && digit(at(i_ + 2)))))
+                     (isDigit(at(i_ + 1)) || ((at(i_ + 1) == '+' || at(i_ + 1) == '-') && isDigit(at(i_ + 2)))))
                 exponent = true, i_ += 2;
-            else if (word(c)) ++i_;
+            else if (isWordByte(c)) ++i_;
             else break;
         }
     }
@@ -164,17 +160,17 @@ private:
     bool clientLine() const {
         if (at(i_) == '@') return true;
         std::size_t e = i_;
-        while (word(at(e))) ++e;
-        if (e < s_.size() && !space(at(e))) return false;
+        while (isWordByte(at(e))) ++e;
+        if (e < s_.size() && !isBlank(at(e))) return false;
         const std::string w = upper(s_.substr(i_, e - i_));
         if (sqlchar::isClientWord(w)) return true;
         std::size_t k = e;
         while (at(k) == ' ' || at(k) == '\t') ++k;
         std::size_t next = k;
-        while (word(at(next))) ++next;
+        while (isWordByte(at(next))) ++next;
         const std::string second = upper(s_.substr(k, next - k));
         if (w == "GO") {  // GO, GO 5
-            while (digit(at(k))) ++k;
+            while (isDigit(at(k))) ++k;
             while (at(k) == ' ' || at(k) == '\t') ++k;
             return k >= s_.size() || at(k) == '\n' || at(k) == '\r';
         }
@@ -193,9 +189,9 @@ private:
     void chooseDelimiter(std::string_view line) {
         if (upper(line.substr(0, 10)) != "DELIMITER ") return;
         line.remove_prefix(10);
-        while (!line.empty() && space(static_cast<unsigned char>(line.front()))) line.remove_prefix(1);
+        while (!line.empty() && isBlank(static_cast<unsigned char>(line.front()))) line.remove_prefix(1);
         std::size_t e = 0;
-        while (e < line.size() && !space(static_cast<unsigned char>(line[e]))) ++e;
+        while (e < line.size() && !isBlank(static_cast<unsigned char>(line[e]))) ++e;
         std::string d(line.substr(0, e));
         if (d.size() > 1 && d.back() == ';') d.pop_back();
         delimiter_ = d == ";" ? "" : upper(d);  // in any letter case

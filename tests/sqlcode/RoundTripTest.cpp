@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "CaseFiles.h"
 #include "CodeLanguages.h"
 #include "CopyAsCode.h"
+#include "LanguageTags.h"
 #include "PasteFromCode.h"
 
 namespace {
@@ -76,8 +78,8 @@ Generated generate(std::mt19937& rng) {
     for (size_t lines = 1 + below(5); lines-- > 0;) {
         for (size_t n = below(3) ? 0 : below(3); n-- > 0;) g.sql += pick(blanks) + pick(lineEnds);
         std::string gap = below(3) ? "" : pick(blanks), token;   // the first gap indents
-        if (commentOpen) emit(gap + pick(binds), 'b'), emit(" more */", ' '), gap = " ";
-        for (size_t k = 1 + below(5); k-- > 0; gap = " ") {
+        if (commentOpen) emit(gap + pick(binds), 'b'), emit(" more */", ' '), gap.assign(1, ' ');
+        for (size_t k = 1 + below(5); k-- > 0; gap.assign(1, ' ')) {
             const size_t kind = below(20);
             token = kind < 12 ? pick(plain) : kind < 17 ? pick(binds) : "?";
             emit(gap + token, kind < 12 ? ' ' : kind < 17 ? 'b' : '?');
@@ -116,31 +118,18 @@ TEST(RoundTrip, GeneratedStatementsComeBackInNormalFormAndStayThere) {
     }
 }
 
+// Real statements: each case is <name>.sql with what copy then paste give back in
+// <name>.<language>, for every language.
 TEST(RoundTrip, RealStatements) {
-    // In `back`, each {} stands for the next bind of `binds`, which comes back as written,
-    // numbered (a placeholder keeps its place and takes no number) or as ":BindN".
-    const struct { const char *sql, *back; std::vector<std::string> binds; } cases[] = {
-        {"SELECT e.ename, d.dname   -- owner's :name\r\n  FROM emp e\r\n  JOIN dept d ON d.deptno = e.deptno\r\n"
-         "\r\n WHERE e.hiredate > :since\r\n   AND d.loc = 'NEW :YORK'\r\n   AND e.job IN (:job1, :job2);",
-         "SELECT e.ename, d.dname   -- owner's :name \r\n  FROM emp e \r\n  JOIN dept d ON d.deptno = e.deptno \r\n"
-         " WHERE e.hiredate > {} \r\n   AND d.loc = 'NEW :YORK' \r\n   AND e.job IN ({}, {}) \r\n",
-         {":since", ":job1", ":job2"}},
-        {"BEGIN\n\tv_path := 'C:\\temp\\' || :file;\n\tUPDATE jobs SET note = \"it's ~done~\" WHERE id = ?;\nEND;\n/",
-         "BEGIN \r\n\tv_path := 'C:\\temp\\' || {}; \r\n"
-         "\tUPDATE jobs SET note = \"it's ~done~\" WHERE id = {}; \r\nEND",
-         {":file", "?"}},
-    };
-    for (const auto& c : cases) {
-        for (const CodeLanguage& language : CodeLanguages()) {
-            const int l = language.code;
-            std::string want = header(l) + c.back;
-            for (size_t i = 0, numbered = 0; i < c.binds.size(); ++i)
-                want.replace(want.find("{}"), 2, builds(l) ? ":Bind" + std::to_string(i + 1)
-                                                 : numbers(l) && c.binds[i] != "?" ? ":" + std::to_string(++numbered)
-                                                                                   : c.binds[i]);
-            const std::string back = roundTrip(l, c.sql);
-            EXPECT_EQ(back, want) << language.storedName;
-            expectStable(l, back);
+    int checked = 0;
+    for (const auto& input : CaseFiles("sqlcode/roundtrip", ".sql")) {
+        for (const auto& [tag, language] : kLanguageTags) {
+            const auto expected = std::filesystem::path(input).replace_extension(tag);
+            const std::string back = roundTrip(language, ReadCase(input));
+            EXPECT_EQ(back, ReadCase(expected)) << expected.filename();
+            expectStable(language, back);
+            ++checked;
         }
     }
+    EXPECT_EQ(checked, 18);
 }

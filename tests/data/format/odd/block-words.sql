@@ -1,0 +1,1 @@
+end; end if; else; when; exception; loop; then; declare x int; begin

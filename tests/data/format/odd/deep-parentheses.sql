@@ -1,0 +1,1 @@
+select f(g(h(i(j(k(l(m(n(o(p(q(r(s(t(u(v(w(x(y(z(1)))))))))))))))))))))) from dual

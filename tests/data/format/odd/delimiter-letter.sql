@@ -1,0 +1,3 @@
+delimiter s
+SET x = 1 s
+select 'its' from Sys s

@@ -1,0 +1,1 @@
+insert into t (a, b) values (1, 'x''y'), (2, N'ünï'); update t set a = -1, b = q'[it's]' where id = :id

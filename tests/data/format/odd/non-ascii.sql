@@ -1,0 +1,1 @@
+select 漢字, données from テーブル where 名前 = 'ÿ'

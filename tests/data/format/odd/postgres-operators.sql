@@ -1,0 +1,1 @@
+do $$ begin if a!~b then perform x->>'k', y@>z, e'a\'b' ; end if; end $$; select $1::int, :'v', U&'d\0061'

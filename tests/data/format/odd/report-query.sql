@@ -1,0 +1,1 @@
+select a.id, b.name, count(*) n from orders a join customers b on a.cid = b.id and b.ok = 1 left outer join items c on c.oid = a.id where a.d between :d1 and :d2 and (a.s = 'OPEN' or a.s = 'HELD') group by a.id, b.name order by 3 desc;
