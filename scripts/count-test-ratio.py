@@ -2,7 +2,7 @@
 """Counts the lines of code in tests/ against the library's folders and prints the ratio.
 
 A line counts when it holds something besides white space and comments (// and /* */ in
-C++, # in CMake, shell and Python). Case files under tests/data/ are inputs, not code, and
+C++, outside string and character literals; # in CMake, shell and Python). Case files under tests/data/ are inputs, not code, and
 are left out; they are listed apart so that a move of text into them stays visible.
 """
 import os
@@ -14,35 +14,52 @@ HASH = (".cmake", ".sh", ".py", ".txt")
 
 
 def code_lines(path):
-    hash_comments = path.endswith(HASH)
-    in_block = False
-    count = 0
     with open(path, encoding="utf-8", errors="replace") as f:
-        for line in f:
-            s = line.strip()
-            if hash_comments:
-                count += bool(s) and not s.startswith("#")
-                continue
-            # Strip block comments, then see whether anything but a line comment is left.
-            rest = ""
-            while s:
-                if in_block:
-                    end = s.find("*/")
-                    if end < 0:
-                        s = ""
-                    else:
-                        s, in_block = s[end + 2:], False
-                else:
-                    start = s.find("/*")
-                    if start < 0 or "//" in s[:start]:
-                        rest += s
-                        s = ""
-                    else:
-                        rest += s[:start]
-                        s, in_block = s[start + 2:], True
-            rest = rest.strip()
-            count += bool(rest) and not rest.startswith("//")
-    return count
+        text = f.read()
+    if path.endswith(HASH):
+        return sum(1 for line in text.splitlines() if line.strip() and not line.strip().startswith("#"))
+    return len(c_code_line_numbers(text))
+
+
+def c_code_line_numbers(text):
+    """The numbers of the lines that hold code. Comment markers inside string and character
+    literals (plain or raw) are text, not comments."""
+    lines = set()
+    i, n, line = 0, len(text), 0
+    while i < n:
+        c = text[i]
+        if c == "\n":
+            line += 1
+            i += 1
+        elif c.isspace():
+            i += 1
+        elif text.startswith("//", i):
+            while i < n and text[i] != "\n":
+                i += 1
+        elif text.startswith("/*", i):
+            end = text.find("*/", i + 2)
+            end = n if end < 0 else end + 2
+            line += text.count("\n", i, end)
+            i = end
+        elif c == "R" and text.startswith('"', i + 1) and (i == 0 or not (text[i - 1].isalnum() or text[i - 1] == "_")):
+            open_paren = text.find("(", i + 2)
+            delimiter = ")" + text[i + 2:open_paren] + '"'
+            end = text.find(delimiter, open_paren)
+            end = n if end < 0 or open_paren < 0 else end + len(delimiter)
+            for k in range(line, line + text.count("\n", i, end) + 1):
+                lines.add(k)
+            line += text.count("\n", i, end)
+            i = end
+        elif c in "\"'" and not (c == "'" and i > 0 and text[i - 1].isalnum()):  # not a digit separator
+            lines.add(line)
+            i += 1
+            while i < n and text[i] != c and text[i] != "\n":
+                i += 2 if text[i] == "\\" else 1
+            i += 1
+        else:
+            lines.add(line)
+            i += 1
+    return lines
 
 
 def count(folders, skip=()):
