@@ -22,12 +22,8 @@ TEST_F(AppWindowTest, KeysRunTheirCommandsBeforeTheHostsShortcuts) {
     };
     for (const Row& row : rows) {
         key(row.key, row.modifiers);
-        if (row.text) {
-            EXPECT_EQ(text(), row.text) << row.key;
-        }
-        if (row.caret >= 0) {
-            EXPECT_EQ(window->GetCurrentPosition(), row.caret) << row.key;
-        }
+        if (row.text) { EXPECT_EQ(text(), row.text) << row.key; }
+        if (row.caret >= 0) { EXPECT_EQ(window->GetCurrentPosition(), row.caret) << row.key; }
     }
 
     int selectAllShortcut = 0, otherShortcut = 0;

@@ -102,28 +102,26 @@ TEST_F(MenusTest, ARightClickOpensTheEditorsMenuAndItsChoiceRuns) {
 }
 
 TEST_F(MenusTest, HiddenIdsLeaveOnlyTheTopLevelAndRemovedIdsLeaveEverywhere) {
-    MenuScript script;
-    std::vector<int> hide{int(cmd::LowerCase), int(cmd::EditUndo), int(cmd::DeleteChar)};
-    window->SetHideMenuID(hide);
-    rightClick(0);
-    EXPECT_TRUE(script.has(cmd::LowerCase));  // it stands only in a submenu
-    EXPECT_FALSE(script.has(cmd::EditUndo));
-    EXPECT_EQ(script.onTop(cmd::DeleteChar), 1);  // "Delete" stands twice at the top level: only the first goes
-    window->SetHideMenuID(hide = {});
-
-    CUIntArray remove;
-    for (UINT id : {cmd::LowerCase, cmd::Find, cmd::DeleteChar}) remove.Add(id);
-    window->SetRemovePopupMenu(remove);
-    rightClick(0);
-    EXPECT_FALSE(script.has(cmd::LowerCase) || script.has(cmd::Find));
-    EXPECT_EQ(script.onTop(cmd::DeleteChar), 0);
-
     // Each opening starts from the resource again, and an empty list clears the earlier one.
-    remove.RemoveAll();
-    window->SetRemovePopupMenu(remove);
-    window->SetHideMenuID(hide);
-    rightClick(0);
-    EXPECT_TRUE(script.has(cmd::LowerCase) && script.has(cmd::Find) && script.has(cmd::EditUndo));
+    // "Delete" stands twice at the top level; hiding it takes only the first.
+    struct Row { std::vector<int> hide; std::vector<UINT> remove, present, absent; long deletesOnTop; };
+    const Row rows[] = {
+        {{int(cmd::LowerCase), int(cmd::EditUndo), int(cmd::DeleteChar)}, {}, {cmd::LowerCase}, {cmd::EditUndo}, 1},
+        {{}, {cmd::LowerCase, cmd::Find, cmd::DeleteChar}, {}, {cmd::LowerCase, cmd::Find}, 0},
+        {{}, {}, {cmd::LowerCase, cmd::Find, cmd::EditUndo}, {}, 2},
+    };
+    MenuScript script;
+    for (const Row& row : rows) {
+        std::vector<int> hide = row.hide;
+        CUIntArray remove;
+        for (UINT id : row.remove) remove.Add(id);
+        window->SetHideMenuID(hide);
+        window->SetRemovePopupMenu(remove);
+        rightClick(0);
+        for (UINT id : row.present) EXPECT_TRUE(script.has(id)) << id;
+        for (UINT id : row.absent) EXPECT_FALSE(script.has(id)) << id;
+        EXPECT_EQ(script.onTop(cmd::DeleteChar), row.deletesOnTop);
+    }
 }
 
 TEST_F(MenusTest, UpdateHandlersFollowSelectionReadOnlyAndContent) {
@@ -209,23 +207,24 @@ TEST_F(MenusTest, AHostsCommandBarsAndTheViewerShowTheirOwnMenus) {
 }
 
 TEST_F(MenusTest, KeysOfTheEditorTableReachTheirCommands) {
-    send(SCI_GOTOLINE, 1);
-    key(Qt::Key_F2, Qt::ControlModifier);
-    EXPECT_EQ(send(SCI_MARKERGET, 1), 1);
-    send(SCI_GOTOLINE, 2);
-    key(Qt::Key_F2, Qt::ShiftModifier);
-    EXPECT_EQ(send(SCI_LINEFROMPOSITION, send(SCI_GETCURRENTPOS)), 1);
-    key(Qt::Key_F2, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(send(SCI_MARKERGET, 1), 0);
-
-    // Ctrl+] jumps to the partner bracket; Ctrl+Shift+0 is the host's and changes nothing.
-    window->SetText("(a, b)", 0);
+    // Bookmarks on line 1, Ctrl+] to the partner bracket; Ctrl+Shift+0 is the host's and changes nothing.
+    window->SetText("(a, b)\nfrom t\nwhere x = 1\n", 0);
     send(SCI_COLOURISE, 0, -1);
-    send(SCI_GOTOPOS, 0);
-    key(Qt::Key_BracketRight, Qt::ControlModifier);
-    EXPECT_EQ(send(SCI_GETCURRENTPOS), 6);
-    key(Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(text(), "(a, b)");
+    struct Row { long from; int key; Qt::KeyboardModifiers modifiers; long caret, bookmark; };
+    const Row rows[] = {
+        {8, Qt::Key_F2, Qt::ControlModifier, 8, 1},
+        {16, Qt::Key_F2, Qt::ShiftModifier, 8, 1},
+        {8, Qt::Key_F2, Qt::ControlModifier | Qt::ShiftModifier, 8, 0},
+        {0, Qt::Key_BracketRight, Qt::ControlModifier, 6, 0},
+        {0, Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier, 0, 0},
+    };
+    for (const Row& row : rows) {
+        send(SCI_GOTOPOS, row.from);
+        key(row.key, row.modifiers);
+        EXPECT_EQ(send(SCI_GETCURRENTPOS), row.caret) << row.key;
+        EXPECT_EQ(send(SCI_MARKERGET, 1), row.bookmark) << row.key;
+        EXPECT_EQ(text(), "(a, b)\r\nfrom t\r\nwhere x = 1\r\n") << row.key;
+    }
     // The host's keys are not claimed, so the host's own shortcuts see them.
     auto claimed = [&](Qt::Key k, Qt::KeyboardModifiers m) {
         QKeyEvent event(QEvent::ShortcutOverride, k, m);

@@ -36,9 +36,7 @@ protected:
         QFile f(program);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         const QString target = LibrarySatellitePath(GetModuleFileName(), language).toQString();
-        if (library) {
-            ASSERT_TRUE((QFile::remove(target), QFile::copy(QUILLBOX_KOREAN_QM, target)));
-        }
+        if (library) { ASSERT_TRUE((QFile::remove(target), QFile::copy(QUILLBOX_KOREAN_QM, target))); }
     }
     QString trace() const {
         QFile f(dir.filePath("trace.log"));

@@ -1,6 +1,6 @@
 #pragma once
 // A paint device recording texts, fills and lines page by page; RecordingDC counts documents and pages.
-#include <QPaintDevice>
+#include <QImage>
 #include <QPaintEngine>
 #include <QPaintEngineState>
 #include <QPrinter>
@@ -75,31 +75,17 @@ private:
     QBrush brush_;
 };
 
-class RecordingDevice : public QPaintDevice {
+// A sheet of the given size and resolution whose drawings go to the recording engine.
+class RecordingDevice : public QImage {
 public:
     RecordingDevice(PrintRecord& record, int width, int height, int dpi)
-        : engine_(record), width_(width), height_(height), dpi_(dpi) {}
-    QPaintEngine* paintEngine() const override { return const_cast<RecordingEngine*>(&engine_); }
-
-protected:
-    int metric(PaintDeviceMetric m) const override {
-        switch (m) {
-            case PdmWidth: return width_;
-            case PdmHeight: return height_;
-            case PdmWidthMM: return int(width_ * 25.4 / dpi_);
-            case PdmHeightMM: return int(height_ * 25.4 / dpi_);
-            case PdmNumColors: return 0xFFFFFF;
-            case PdmDepth: return 32;
-            case PdmDpiX: case PdmDpiY: case PdmPhysicalDpiX: case PdmPhysicalDpiY: return dpi_;
-            case PdmDevicePixelRatio: return 1;
-            case PdmDevicePixelRatioScaled: return int(QPaintDevice::devicePixelRatioFScale());
-            default: return 0;
-        }
+        : QImage(width, height, QImage::Format_RGB32), engine_(record) {
+        setDotsPerMeterX(qRound(dpi / 0.0254)), setDotsPerMeterY(qRound(dpi / 0.0254));
     }
+    QPaintEngine* paintEngine() const override { return const_cast<RecordingEngine*>(&engine_); }
 
 private:
     RecordingEngine engine_;
-    int width_, height_, dpi_;
 };
 
 class RecordingDC : public CDC {

@@ -29,12 +29,8 @@ TEST_F(SqlWindowTest, CommentCommandsMarkTheSelectedLines) {
         if (row.command == Box) window->StartBoxComment();
         else window->StartBlockComment(row.command == Comment || row.command == CommentBlank);
         EXPECT_EQ(text(), row.expected);
-        if (row.selStart >= 0) {
-            EXPECT_EQ(send(SCI_GETSELECTIONSTART), row.selStart);
-        }
-        if (row.selEnd >= 0) {
-            EXPECT_EQ(send(SCI_GETSELECTIONEND), row.selEnd);
-        }
+        if (row.selStart >= 0) { EXPECT_EQ(send(SCI_GETSELECTIONSTART), row.selStart); }
+        if (row.selEnd >= 0) { EXPECT_EQ(send(SCI_GETSELECTIONEND), row.selEnd); }
         if (before == text()) continue;
         send(SCI_UNDO);
         EXPECT_EQ(text(), before);

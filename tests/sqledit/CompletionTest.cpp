@@ -45,7 +45,7 @@ protected:
         SqlWindowTest::TearDown();
     }
     void type(const char* text) { QTest::keyClicks(window->GetSafeHwnd(), text); }
-    void answer(const char* asked, std::initializer_list<const char*> items, const char* lastPart = nullptr) {
+    void answer(const char* asked, const std::vector<const char*>& items, const char* lastPart = nullptr) {
         NamekitAnswer record;
         record.requestNameEx = asked;
         for (const char* item : items) record.items.Add(item);
@@ -74,10 +74,31 @@ TEST_F(CompletionTest, AQualifiedNameAsksWithTheStatementAroundTheCaret) {
     EXPECT_NE(recorder.queries[2].Find("from orders o"), -1);
     EXPECT_EQ(recorder.queries[2].Find("dual"), -1);
     EXPECT_EQ(recorder.window, window.get());
-    answer("o.c", {"customer_id"}, "c");
-    ASSERT_TRUE(listShows());
-    key(Qt::Key_Return);
-    EXPECT_NE(text().Find("select o.customer_id from"), -1);
+}
+
+TEST_F(CompletionTest, OnlyAFittingAnswerToTheFocusedWindowShowsAndItsChoiceReplacesTheLastPart) {
+    struct Row { int changeCase; const char* typed; const char* asked; std::vector<const char*> items; const char* lastPart; bool focused; const char* chosen; };
+    const Row rows[] = {
+        {0, "o.c", "o.c", {"customer_id"}, "c", true, "o.customer_id"},
+        {1, "x.or", "x.or", {"Orders", "order_lines"}, "or", true, "x.ORDERS"},  // upper case, replacing the two bytes typed
+        {0, "ord", "or", {"orders"}, nullptr, true, nullptr},  // asked for "or", but "ord" stands now
+        {0, "ord", "ord", {}, nullptr, true, nullptr},
+        {0, "ord", "ord", {"orders"}, nullptr, false, nullptr},
+    };
+    QLineEdit other(frame->GetSafeHwnd());
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.typed);
+        CKTMgrSetting(0).SetInt("Change Case", row.changeCase);
+        window->ApplyOptionOnRealtime();
+        send(SCI_CLEARALL);
+        focus(*window);
+        type(row.typed);
+        if (!row.focused) other.show(), other.setFocus(), QApplication::processEvents();
+        answer(row.asked, row.items, row.lastPart);
+        EXPECT_EQ(listShows(), row.chosen != nullptr);
+        if (row.chosen) key(Qt::Key_Return);
+        EXPECT_EQ(text(), row.chosen ? row.chosen : row.typed);
+    }
 }
 
 TEST_F(CompletionTest, CharactersThatAreNoNameCancelAndAskNothing) {
@@ -97,22 +118,7 @@ TEST_F(CompletionTest, CharactersThatAreNoNameCancelAndAskNothing) {
     EXPECT_EQ(recorder.lastName(), ".한");  // a multi-byte character asks like a letter
 }
 
-TEST_F(CompletionTest, StaleEmptyAndUnfocusedAnswersAreDropped) {
-    load("");
-    type("ord");
-    answer("or", {"orders"});  // asked for "or", but "ord" stands now
-    EXPECT_FALSE(listShows());
-    answer("ord", {});
-    EXPECT_FALSE(listShows());
-    QLineEdit other(frame->GetSafeHwnd());
-    other.show();
-    other.setFocus();
-    QApplication::processEvents();
-    answer("ord", {"orders"});
-    EXPECT_FALSE(listShows());
-}
-
-TEST_F(CompletionTest, TheListAsksForMoreAndForARefreshAndFollowsTheCaseOption) {
+TEST_F(CompletionTest, TheListAsksForMoreAndForARefresh) {
     load("");
     type("o");
     answer("o", {"one", "orders"});
@@ -125,15 +131,6 @@ TEST_F(CompletionTest, TheListAsksForMoreAndForARefreshAndFollowsTheCaseOption) 
     EXPECT_EQ(current(), "more_one");  // added to the list that shows
     key(Qt::Key_Backspace);
     EXPECT_GE(recorder.refreshes, 1);
-
-    CKTMgrSetting(0).SetInt("Change Case", 1);
-    window->ApplyOptionOnRealtime();
-    load("");
-    type("x.or");
-    answer("x.or", {"Orders", "order_lines"}, "or");
-    ASSERT_TRUE(listShows());
-    key(Qt::Key_Return);
-    EXPECT_EQ(text(), "x.ORDERS");  // upper case, replacing the two bytes typed
 }
 
 TEST_F(CompletionTest, ARealCatalogAnswersThroughAnAlias) {

@@ -48,55 +48,35 @@ public:
     using CKTSQLEditWnd::pasteFromLanguageCode;
 };
 
-void checkCopyAndPaste(HostSqlWindow& sql) {
+// Each protected member once: copies of the whole script, the others on an empty window with
+// the clipboard given. The answer is `expected`, or holds it when not `whole`.
+void checkMembers(HostSqlWindow& sql) {
+    struct Row { const char* what; bool whole; const char* clipboard; CString (*run)(HostSqlWindow&); const char* expected; };
+    const Row rows[] = {
+        {"copyToLanguageCode", false, nullptr, [](HostSqlWindow& w) { return w.copyToLanguageCode("pszSQL", "\"", "\\", "", "", ";"), clipboard(); }, "pszSQL = \"select a \""},
+        {"copyToLanguageCodeEx", false, nullptr, [](HostSqlWindow& w) { return w.copyToLanguageCodeEx("sSQL", "'", "'", "+", "", ";", ":=", true), clipboard(); }, "sSQL := 'select a '"},
+        {"copyToLanguageCodeEx2", false, nullptr, [](HostSqlWindow& w) { return w.copyToLanguageCodeEx2("CString q", "\"", "_T(", ")", "\\", "", "", ";", "=", true), clipboard(); }, "_T(\"  from t \")"},
+        {"copyToPerlCode", false, nullptr, [](HostSqlWindow& w) { return w.copyToPerlCode("my $stmt", "'", "\\", ".", "", ";"), clipboard(); }, "k = :1 '"},
+        {"copyToJavaCode", false, nullptr, [](HostSqlWindow& w) { return w.copyToJavaCode("strSQL", "StringBuffer", "append"), clipboard(); }, "strSQL.append(\" where k = ? \");"},
+        {"pasteFromLanguageCode", false, "", [](HostSqlWindow& w) { return w.pasteFromLanguageCode('"', "SQL = \"a \"\"b\"\"\""), w.GetText(); }, "a \"b\""},
+        {"pasteFromCCode", true, "\"select 1;\"", [](HostSqlWindow& w) { return w.pasteFromCCode(), w.GetText(); }, "select 1"},
+        {"pasteFromJavaCode", false, "sb.append(\"where k = ? \");", [](HostSqlWindow& w) { return w.pasteFromJavaCode(), w.GetText(); }, "where k = :Bind1"},
+        {"InitToken", true, "", [](HostSqlWindow& w) { return w.InitToken("((SELECT)"); }, "select"},
+        {"CheckComment", true, "", [](HostSqlWindow& w) { CStringArray ranges; return w.CheckComment("x -- y", ranges, 0, 0); }, "x "},
+        {"GetSingleQuery", true, "", [](HostSqlWindow& w) { CString t = "a from t; select b"; bool armed = false; return w.GetSingleQuery(t, armed, true) ? CString() : t; }, "a from t"},
+    };
     sql.SetText("select a\n  from t\n where k = :key;", 0);
     const CString script = sql.GetText();
-    sql.SendMessage(SCI_SELECTALL);
-    struct Copy {
-        void (*run)(HostSqlWindow&);
-        const char* expected;
-    };
-    const Copy copies[] = {
-        {[](HostSqlWindow& w) { w.copyToLanguageCode("pszSQL", "\"", "\\", "", "", ";"); }, "pszSQL = \"select a \""},
-        {[](HostSqlWindow& w) { w.copyToLanguageCodeEx("sSQL", "'", "'", "+", "", ";", ":=", true); }, "sSQL := 'select a '"},
-        {[](HostSqlWindow& w) { w.copyToLanguageCodeEx2("CString q", "\"", "_T(", ")", "\\", "", "", ";", "=", true); },
-         "_T(\"  from t \")"},
-        {[](HostSqlWindow& w) { w.copyToPerlCode("my $stmt", "'", "\\", ".", "", ";"); }, "k = :1 '"},
-        {[](HostSqlWindow& w) { w.copyToJavaCode("strSQL", "StringBuffer", "append"); }, "strSQL.append(\" where k = ? \");"},
-    };
-    for (const Copy& copy : copies) {
-        QGuiApplication::clipboard()->clear();
-        copy.run(sql);
-        check(has(clipboard(), copy.expected), copy.expected, clipboard());
+    for (const Row& row : rows) {
+        if (row.clipboard) sql.SendMessage(SCI_CLEARALL), QGuiApplication::clipboard()->setText(row.clipboard);
+        else sql.SendMessage(SCI_SELECTALL), QGuiApplication::clipboard()->clear();
+        const CString got = row.run(sql);
+        check(row.whole ? got == row.expected : has(got, row.expected), row.what, got);
+        if (!row.clipboard) check(sql.GetText() == script, "copying leaves the script alone", sql.GetText());
     }
-    check(sql.GetText() == script, "copying leaves the script alone", sql.GetText());
-
-    sql.SendMessage(SCI_CLEARALL);
-    sql.pasteFromLanguageCode('"', "SQL = \"a \"\"b\"\"\"");
-    check(has(sql.GetText(), "a \"b\""), "pasteFromLanguageCode", sql.GetText());
-    sql.SendMessage(SCI_CLEARALL);
-    QGuiApplication::clipboard()->setText("\"select 1;\"");
-    sql.pasteFromCCode();
-    check(sql.GetText() == "select 1", "pasteFromCCode", sql.GetText());
-    sql.SendMessage(SCI_CLEARALL);
-    QGuiApplication::clipboard()->setText("sb.append(\"where k = ? \");");
-    sql.pasteFromJavaCode();
-    check(has(sql.GetText(), "where k = :Bind1"), "pasteFromJavaCode", sql.GetText());
-}
-
-void checkScanners(HostSqlWindow& sql) {
-    int start = 0, end = 0;
-    check(HostSqlWindow::findBindPosition("where a = :b", start, end) == 1 && start == 10 && end == 12,
-          "findBindPosition");
-    int position = 1;
+    int start = 0, end = 0, position = 1;
+    check(HostSqlWindow::findBindPosition("where a = :b", start, end) == 1 && start == 10 && end == 12, "findBindPosition");
     check(sql.findBindReplacePosition("? '?' ?", position) == 1 && position == 6, "findBindReplacePosition");
-
-    CString text = "a from t; select b";
-    bool armed = false;
-    check(!sql.GetSingleQuery(text, armed, true) && text == "a from t", "GetSingleQuery", text);
-    check(sql.InitToken("((SELECT)") == "select", "InitToken", sql.InitToken("((SELECT)"));
-    CStringArray ranges;
-    check(sql.CheckComment("x -- y", ranges, 0, 0) == "x ", "CheckComment", sql.CheckComment("x -- y", ranges, 0, 0));
 }
 }  // namespace
 
@@ -118,8 +98,7 @@ int main(int argc, char** argv) {
     const auto keywordStyle = sql.SendMessage(SCI_GETSTYLEAT, 0);
     check(keywordStyle != 0 && sql.SendMessage(SCI_STYLEGETFORE, WPARAM(keywordStyle)) != 0, "keywords in colour");
 
-    checkCopyAndPaste(sql);
-    checkScanners(sql);
+    checkMembers(sql);
     std::printf("host: %s\n", failures ? "FAILED" : "ok");
     return failures ? 1 : 0;
 }
