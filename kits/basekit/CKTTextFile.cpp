@@ -251,59 +251,159 @@ enum class DecodeResult { Ok, Invalid, Truncated, NoConverter };
 // Decodes a text given in pieces from an ICU converter's encoding into UTF-8; a character may
 // be split across pieces: the converter keeps the bytes of a split character (a split
 // surrogate pair included) until the rest arrives.
+//
+// In the legacy code pages every byte below 0x80 that does not end a double-byte character is
+// one character below U+0080 (mostly itself), and SQL text is mostly ASCII: runs of such bytes
+// are copied byte for byte, and only the stretches around other bytes go through ICU,
+// converted in chunks of a fixed size straight into the output. A byte just after a non-ASCII
+// byte may be its trail byte, so it goes to ICU with it; a run ends a stretch only when it is
+// long enough to pay for a call.
 class Decoder {
 public:
-    explicit Decoder(const char* converterName) : from_(OpenStrict(converterName)) {}
+    explicit Decoder(const char* converterName) : from_(OpenStrict(converterName)) {
+        asciiRuns_ = from_ && MapAsciiBytes();
+    }
     bool Ready() const { return from_ != nullptr; }
 
     // Appends the UTF-8 of `piece` to `out`. On failure `badOffset` is the offset in `piece` of
     // the first sequence that is not valid in the encoding.
     DecodeResult Feed(std::string_view piece, bool last, std::string& out, size_t& badOffset) {
-        const char* source = piece.data();
-        const char* sourceEnd = piece.data() + piece.size();
-        units_.resize(piece.size() + 16);
-        UChar* target = units_.data();
-        UErrorCode status;
-        for (;;) {
-            status = U_ZERO_ERROR;
-            ucnv_toUnicode(from_.get(), &target, units_.data() + units_.size(), &source, sourceEnd,
-                           nullptr, last, &status);
-            if (status != U_BUFFER_OVERFLOW_ERROR) break;
-            const size_t used = size_t(target - units_.data());
-            units_.resize(units_.size() * 2);
-            target = units_.data() + used;
+        const auto* s = reinterpret_cast<const unsigned char*>(piece.data());
+        const size_t n = piece.size();
+        size_t i = 0;
+        while (i < n) {
+            if (asciiRuns_ && !Pending()) {
+                const size_t ascii = SkipAscii(s, i, n);
+                AppendAscii(s + i, ascii - i, out);
+                i = ascii;
+                if (i == n) break;
+            }
+            const size_t end = asciiRuns_ ? StretchEnd(s, i, n) : n;
+            const DecodeResult result = Convert(piece, i, end, false, out, badOffset);
+            if (result != DecodeResult::Ok) return result;
+            i = end;
         }
-        if (U_FAILURE(status)) {
-            char invalid[32];
-            int8_t invalidLength = sizeof invalid;
-            UErrorCode invalidStatus = U_ZERO_ERROR;
-            ucnv_getInvalidChars(from_.get(), invalid, &invalidLength, &invalidStatus);
-            if (U_FAILURE(invalidStatus)) invalidLength = 0;
-            const size_t consumed = size_t(source - piece.data());
-            // A character that began in an earlier piece has the offset 0 here.
-            badOffset = consumed - std::min(consumed, size_t(invalidLength));
-            return status == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated
-                                                    : DecodeResult::Invalid;
-        }
-        const size_t count = size_t(target - units_.data());
-        const size_t at = out.size();
-        out.resize(at + count * 3);
-        int32_t length = 0;
-        status = U_ZERO_ERROR;
-        u_strToUTF8(out.data() + at, int32_t(out.size() - at), &length, units_.data(),
-                    int32_t(count), &status);
-        if (U_FAILURE(status)) {
-            out.resize(at);
-            badOffset = 0;
-            return DecodeResult::Invalid;
-        }
-        out.resize(at + size_t(length));
-        return DecodeResult::Ok;
+        if (!last) return DecodeResult::Ok;
+        const DecodeResult result = Convert(piece, n, n, true, out, badOffset);
+        if (result != DecodeResult::Ok || heldLead_ == 0) return result;
+        badOffset = n;   // an unpaired lead surrogate at the very end
+        return DecodeResult::Invalid;
     }
 
 private:
+    static constexpr size_t kMinAsciiRun = 32;
+    static constexpr size_t kUnits = size_t(16) << 10;
+
+    // Whether the converter holds the first bytes of a character.
+    bool Pending() const {
+        UErrorCode status = U_ZERO_ERROR;
+        return ucnv_toUCountPending(from_.get(), &status) != 0;
+    }
+
+    // Whether each byte below 0x80 on its own decodes to one character below U+0080, kept in
+    // ascii_. That is the character itself in most code pages; 932 swaps three control codes.
+    bool MapAsciiBytes() {
+        char bytes[128];
+        UChar units[256];
+        for (int b = 0; b < 128; ++b) bytes[b] = char(b);
+        UErrorCode status = U_ZERO_ERROR;
+        const int32_t count = ucnv_toUChars(from_.get(), units, 256, bytes, 128, &status);
+        ucnv_resetToUnicode(from_.get());
+        if (U_FAILURE(status) || count != 128) return false;
+        for (int b = 0; b < 128; ++b) {
+            if (units[b] >= 0x80) return false;
+            ascii_[b] = char(units[b]);
+            if (units[b] != UChar(b)) asciiChanged_.push_back((unsigned char)b);
+        }
+        return true;
+    }
+
+    // Appends the characters of bytes below 0x80: a copy, with the few bytes that are not
+    // their own character looked for and replaced.
+    void AppendAscii(const unsigned char* bytes, size_t size, std::string& out) const {
+        const size_t at = out.size();
+        out.append(reinterpret_cast<const char*>(bytes), size);
+        for (const unsigned char b : asciiChanged_) {
+            const unsigned char* from = bytes;
+            while (const void* found = std::memchr(from, b, size - size_t(from - bytes))) {
+                const auto* hit = static_cast<const unsigned char*>(found);
+                out[at + size_t(hit - bytes)] = ascii_[b];
+                from = hit + 1;
+            }
+        }
+    }
+
+    // The end of the stretch that starts at the non-ASCII byte (or pending character) at `i`:
+    // its non-ASCII bytes, each followed by the byte after them, up to the first ASCII run of
+    // kMinAsciiRun bytes or the end of the piece.
+    static size_t StretchEnd(const unsigned char* s, size_t i, size_t n) {
+        for (;;) {
+            while (i < n && s[i] >= 0x80) ++i;
+            if (i < n) ++i;   // a possible trail byte
+            const size_t ascii = SkipAscii(s, i, n);
+            if (ascii == n || ascii - i >= kMinAsciiRun) return i;
+            i = ascii;
+        }
+    }
+
+    // Converts piece[from, to) through ICU and appends it as UTF-8.
+    DecodeResult Convert(std::string_view piece, size_t from, size_t to, bool flush,
+                         std::string& out, size_t& badOffset) {
+        const char* source = piece.data() + from;
+        const char* sourceEnd = piece.data() + to;
+        UChar units[kUnits];
+        UErrorCode status;
+        do {
+            UChar* target = units;
+            status = U_ZERO_ERROR;
+            ucnv_toUnicode(from_.get(), &target, units + kUnits, &source, sourceEnd, nullptr,
+                           flush, &status);
+            if (U_FAILURE(status) && status != U_BUFFER_OVERFLOW_ERROR) {
+                char invalid[32];
+                int8_t invalidLength = sizeof invalid;
+                UErrorCode invalidStatus = U_ZERO_ERROR;
+                ucnv_getInvalidChars(from_.get(), invalid, &invalidLength, &invalidStatus);
+                if (U_FAILURE(invalidStatus)) invalidLength = 0;
+                const size_t consumed = size_t(source - piece.data());
+                // A character that began in an earlier piece has the offset 0 here.
+                badOffset = consumed - std::min(consumed, size_t(invalidLength));
+                return status == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated
+                                                        : DecodeResult::Invalid;
+            }
+            if (!AppendUtf8(units, size_t(target - units), out)) {
+                badOffset = 0;
+                return DecodeResult::Invalid;
+            }
+        } while (status == U_BUFFER_OVERFLOW_ERROR);
+        return DecodeResult::Ok;
+    }
+
+    // A surrogate pair split between two chunks is held back for the next one.
+    bool AppendUtf8(const UChar* units, size_t count, std::string& out) {
+        UChar joined[kUnits + 1];
+        if (heldLead_) {
+            joined[0] = heldLead_;
+            std::copy(units, units + count, joined + 1);
+            units = joined;
+            ++count;
+            heldLead_ = 0;
+        }
+        if (count > 0 && U16_IS_LEAD(units[count - 1])) heldLead_ = units[--count];
+        const size_t at = out.size();
+        out.resize(at + count * 3);
+        int32_t length = 0;
+        UErrorCode status = U_ZERO_ERROR;
+        u_strToUTF8(out.data() + at, int32_t(out.size() - at), &length, units, int32_t(count),
+                    &status);
+        out.resize(U_SUCCESS(status) ? at + size_t(length) : at);
+        return U_SUCCESS(status);
+    }
+
     Converter from_;
-    std::vector<UChar> units_;
+    bool asciiRuns_ = false;       // runs of bytes below 0x80 bypass ICU
+    char ascii_[128] = {};         // the character of each of those bytes
+    std::vector<unsigned char> asciiChanged_;   // the bytes that are not their own character
+    UChar heldLead_ = 0;
 };
 
 // ---- reading in pieces
