@@ -77,6 +77,7 @@ TEST_F(TextFileTest, DetectsAndDecodesEachEncoding) {
                                    : CKTTextFileRead(Path("a.sql").c_str(), TEXTENCODING(c.encoding), c.codePage);
         EXPECT_TRUE(file.IsOpen()) << file.GetErrorText().c_str();
         EXPECT_EQ(ReadAll(file), c.text);
+        EXPECT_EQ(file.GetTextLength(2), c.text.size());
         EXPECT_EQ(file.GetEncoding(), c.found);
         EXPECT_EQ(file.GetCodePage(), c.foundPage);
         std::string lf = c.text;
