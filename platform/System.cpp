@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
+#include <signal.h>
 #include <unistd.h>
 
 namespace {
@@ -152,3 +153,10 @@ BOOL MessageBeep(UINT) {
 }
 
 unsigned long GetMessageBeepCount() { return beepCount.load(); }
+
+DWORD GetCurrentProcessId() { return DWORD(getpid()); }
+
+void KillCurrentProcess() {
+    kill(getpid(), SIGKILL);
+    std::abort();   // not reached: SIGKILL cannot be caught
+}

@@ -1,15 +1,10 @@
 #include "CKTTextFile.h"
 #include "Utf8.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <signal.h>
-#include <sys/stat.h>
 #include <unicode/ucnv.h>
 #include <unicode/ucsdet.h>
 #include <unicode/ustring.h>
 #include <unicode/utf16.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -98,7 +93,7 @@ std::atomic<bool> g_allowUnnamedTemp{true};
 bool Injected(TEXTFILEFAULT step) {
     Fault& fault = g_faults[step];
     if (fault.countdown.load() <= 0 || fault.countdown.fetch_sub(1) != 1) return false;
-    if (fault.crash.load()) kill(getpid(), SIGKILL);
+    if (fault.crash.load()) KillCurrentProcess();
     errno = fault.error.load();
     return true;
 }
@@ -408,21 +403,6 @@ private:
 
 // ---- reading in pieces
 
-// Reads up to `size` bytes at `offset`; size_t(-1) on failure, with errno set.
-size_t ReadAt(int fd, char* buffer, size_t size, size_t offset) {
-    size_t done = 0;
-    while (done < size) {
-        const ssize_t n = ::pread(fd, buffer + done, size - done, off_t(offset + done));
-        if (n == 0) break;
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            return size_t(-1);
-        }
-        done += size_t(n);
-    }
-    return done;
-}
-
 unsigned ByteAt(int fd, size_t offset) {
     char byte = 0;
     return ReadAt(fd, &byte, 1, offset) == 1 ? unsigned((unsigned char)byte) : 0;
@@ -500,19 +480,6 @@ int SuggestCodePage(int fd, int failed) {
 
 // ---- system calls
 
-struct FileDescriptor {
-    int fd = -1;
-    FileDescriptor() = default;
-    explicit FileDescriptor(int f) : fd(f) {}
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor() { Reset(); }
-    void Reset() {
-        if (fd >= 0) ::close(fd);
-        fd = -1;
-    }
-};
-
 TEXTFILEERROR ErrorOf(int systemError, TEXTFILEERROR otherwise) {
     switch (systemError) {
     case ENOENT:
@@ -531,22 +498,6 @@ TEXTFILEERROR ErrorOf(int systemError, TEXTFILEERROR otherwise) {
     }
 }
 
-// The process's umask, which a new file's permissions follow. Read from /proc because
-// umask() can only be read by changing it, which would race with other threads.
-mode_t CurrentUmask() {
-    mode_t mask = 022;
-    if (FILE* status = std::fopen("/proc/self/status", "re")) {
-        char line[256];
-        while (std::fgets(line, sizeof line, status))
-            if (std::strncmp(line, "Umask:", 6) == 0) {
-                mask = mode_t(std::strtol(line + 6, nullptr, 8));
-                break;
-            }
-        std::fclose(status);
-    }
-    return mask;
-}
-
 // A temporary file's name: the target's name (up to 200 bytes, as a file name may have 255)
 // between a dot and eight hex digits and ".tmp".
 constexpr size_t kTempNameStem = 200;
@@ -555,7 +506,7 @@ std::string TempName(const std::string& targetName) {
     static std::atomic<unsigned> counter{0};
     const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
     const unsigned long long mix =
-        (unsigned long long)now * 0x9E3779B97F4A7C15ull ^ ((unsigned long long)getpid() << 20) ^
+        (unsigned long long)now * 0x9E3779B97F4A7C15ull ^ ((unsigned long long)GetCurrentProcessId() << 20) ^
         counter.fetch_add(1);
     char suffix[32];
     std::snprintf(suffix, sizeof suffix, ".%08llx.tmp", mix & 0xFFFFFFFFull);
@@ -578,14 +529,7 @@ bool IsTempName(std::string_view name, const std::string& targetName) {
 // The folder and the name of the file that saving `path` replaces: a symbolic link stays a
 // link, and the file it points to is the one replaced.
 std::pair<std::string, std::string> SaveTarget(const std::string& path) {
-    std::string target = path;
-    struct stat info {};
-    if (lstat(target.c_str(), &info) == 0 && S_ISLNK(info.st_mode)) {
-        if (char* real = realpath(target.c_str(), nullptr)) {
-            target = real;
-            std::free(real);
-        }
-    }
+    const std::string target = ResolveLink(path);
     const size_t slash = target.rfind('/');
     if (slash == std::string::npos) return {".", target};
     return {slash == 0 ? "/" : target.substr(0, slash), target.substr(slash + 1)};
@@ -595,32 +539,23 @@ std::pair<std::string, std::string> SaveTarget(const std::string& path) {
 // A save holds a lock on its temporary file while it runs, so a file that can be locked here
 // belongs to no running save.
 void RemoveStaleTemps(int dirFd, const std::string& targetName) {
-    const int listFd = openat(dirFd, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (listFd < 0) return;   // a folder that cannot be listed keeps what it has
-    DIR* dir = fdopendir(listFd);
-    if (!dir) {
-        ::close(listFd);
-        return;
-    }
-    std::vector<std::string> stale;
-    while (const dirent* entry = readdir(dir))
-        if (IsTempName(entry->d_name, targetName)) stale.emplace_back(entry->d_name);
-    closedir(dir);
-    for (const std::string& name : stale) {
-        const int fd = openat(dirFd, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    // A folder that cannot be listed keeps what it has.
+    for (const std::string& name : NamesIn(dirFd)) {
+        if (!IsTempName(name, targetName)) continue;
+        const int fd = OpenExistingAt(dirFd, name.c_str());
         if (fd < 0) continue;
         FileStatus info;
         if (StatusOf(fd, info) && info.regular && TryLockExclusive(fd)) RemoveFileAt(dirFd, name.c_str());
-        ::close(fd);
+        CloseDescriptor(fd);
     }
 }
 
 void RemoveStaleTemps(const std::string& path) {
     const auto [folder, name] = SaveTarget(path);
-    const int dirFd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int dirFd = OpenFolder(folder.c_str());
     if (dirFd < 0) return;
     RemoveStaleTemps(dirFd, name);
-    ::close(dirFd);
+    CloseDescriptor(dirFd);
 }
 
 }  // namespace
@@ -727,7 +662,7 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
         return;
     }
     // Non-blocking, so that a FIFO fails as "not a file" instead of waiting for a writer.
-    fd_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    fd_ = OpenForReading(path_.c_str());
     if (fd_ < 0) {
         FailSystem(errno, TEXTFILEERROR_READ_FAILED, "cannot be opened");
         return;
@@ -1013,7 +948,7 @@ const char* CKTTextFileRead::GetLineEnd() const {
 }
 
 bool CKTTextFileRead::CloseFile() {
-    if (fd_ >= 0) ::close(fd_);
+    if (fd_ >= 0) CloseDescriptor(fd_);
     fd_ = -1;
     open_ = false;
     return true;
@@ -1032,11 +967,11 @@ struct CKTTextFileWrite::Impl {
     long long lines = 1;       // line of the next byte, for messages
 
     void Discard() {
-        if (fd >= 0) ::close(fd);
+        if (fd >= 0) CloseDescriptor(fd);
         fd = -1;
         if (!tempName.empty()) RemoveFileAt(dirFd, tempName.c_str());
         tempName.clear();
-        if (dirFd >= 0) ::close(dirFd);
+        if (dirFd >= 0) CloseDescriptor(dirFd);
         dirFd = -1;
     }
 };
@@ -1108,9 +1043,7 @@ bool CKTTextFileWrite::OpenTemp() {
         return Fail(TEXTFILEERROR_NOT_A_FILE, EISDIR,
                     Text("'%s' names a folder", path_.c_str()));
 
-    impl_->dirFd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (impl_->dirFd < 0 && errno == EACCES)   // a folder that may be written but not listed
-        impl_->dirFd = ::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    impl_->dirFd = OpenFolder(folder.c_str());
     if (impl_->dirFd < 0)
         return FailSystem(errno, TEXTFILEERROR_WRITE_FAILED, "has no usable folder");
     const char* name = impl_->targetName.c_str();
@@ -1119,7 +1052,7 @@ bool CKTTextFileWrite::OpenTemp() {
         if (!info.regular)
             return Abandon(TEXTFILEERROR_NOT_A_FILE, info.directory ? EISDIR : EINVAL,
                            Text("'%s' is not a file", path_.c_str()));
-        if (faccessat(impl_->dirFd, name, W_OK, AT_EACCESS) != 0)
+        if (!CanWriteAt(impl_->dirFd, name))
             return AbandonSystem(errno, "cannot be written");
     } else if (errno != ENOENT) {
         return AbandonSystem(errno, "cannot be written");
@@ -1128,15 +1061,14 @@ bool CKTTextFileWrite::OpenTemp() {
 
     // An unnamed temporary file vanishes by itself on any failure; it needs /proc to be given
     // a name later. File systems without them get a named file, removed on failure.
-    if (g_allowUnnamedTemp.load() && access("/proc/self/fd", X_OK) == 0) {
+    if (g_allowUnnamedTemp.load() && CanNameUnnamedFiles()) {
         impl_->fd = OpenUnnamedFile(impl_->dirFd);
         if (impl_->fd < 0 && errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
             return AbandonSystem(errno, "cannot be written");
     }
     for (int attempt = 0; impl_->fd < 0 && attempt < 100; ++attempt) {
         std::string temp = TempName(impl_->targetName);
-        impl_->fd =
-            openat(impl_->dirFd, temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        impl_->fd = CreateNewFileAt(impl_->dirFd, temp.c_str());
         if (impl_->fd >= 0) {
             impl_->tempName = std::move(temp);
         } else if (errno != EEXIST) {
@@ -1169,9 +1101,9 @@ bool CKTTextFileWrite::AbandonSystem(int systemError, const char* what) {
 
 bool CKTTextFileWrite::WriteBytes(const char* data, size_t size) {
     while (size > 0) {
-        const ssize_t n = Injected(TEXTFILEFAULT_WRITE)
-                              ? -1
-                              : ::write(impl_->fd, data, std::min(size, size_t(1) << 30));
+        const long n = Injected(TEXTFILEFAULT_WRITE)
+                           ? -1
+                           : WriteSome(impl_->fd, data, std::min(size, size_t(1) << 30));
         if (n < 0) {
             if (errno == EINTR) continue;
             return AbandonSystem(errno, "could not be written");
@@ -1269,19 +1201,19 @@ bool CKTTextFileWrite::Close() {
     if (!d.carry.empty())
         return Abandon(TEXTFILEERROR_INVALID_TEXT, EILSEQ,
                        Text("The text for '%s' ends inside a UTF-8 character", path_.c_str()));
-    if (Injected(TEXTFILEFAULT_SYNC) || fsync(d.fd) != 0)
+    if (Injected(TEXTFILEFAULT_SYNC) || !SyncFile(d.fd))
         return AbandonSystem(errno, "could not be synced to disk");
 
     // The new file takes the old one's permissions, or those of a newly created file.
     FileStatus old, mine;
     if (StatusAt(d.dirFd, d.targetName.c_str(), old) && old.regular) {
         if (StatusOf(d.fd, mine) && (mine.owner != old.owner || mine.group != old.group) &&
-            fchown(d.fd, old.owner, old.group) != 0) {
+            !SetOwner(d.fd, old.owner, old.group)) {
             // Only the owner's own groups or root may hand a file over; the saver keeps it.
         }
-        fchmod(d.fd, old.mode);
+        SetPermissions(d.fd, old.mode);
     } else {
-        fchmod(d.fd, 0666 & ~CurrentUmask());
+        SetPermissions(d.fd, 0666 & ~CurrentUmask());
     }
 
     for (int attempt = 0; d.tempName.empty() && attempt < 100; ++attempt) {
@@ -1295,13 +1227,13 @@ bool CKTTextFileWrite::Close() {
         return AbandonSystem(EEXIST, "could not be saved: its temporary file got no name");
     const int fd = d.fd;
     d.fd = -1;
-    if (::close(fd) != 0) return AbandonSystem(errno, "could not be written");
+    if (!CloseDescriptor(fd)) return AbandonSystem(errno, "could not be written");
     if (Injected(TEXTFILEFAULT_RENAME) ||
-        renameat(d.dirFd, d.tempName.c_str(), d.dirFd, d.targetName.c_str()) != 0)
+        !RenameAt(d.dirFd, d.tempName.c_str(), d.targetName.c_str()))
         return AbandonSystem(errno, "could not be replaced");
     d.tempName.clear();
     // Makes the rename durable; a folder opened for path use only cannot.
-    if (!Injected(TEXTFILEFAULT_SYNC_FOLDER)) fsync(d.dirFd);
+    if (!Injected(TEXTFILEFAULT_SYNC_FOLDER)) SyncFile(d.dirFd);
     d.Discard();
     open_ = false;
     committed_ = true;
