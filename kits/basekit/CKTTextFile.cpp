@@ -260,26 +260,29 @@ public:
     }
     bool Ready() const { return from_ != nullptr; }
 
-    // Appends the UTF-8 of `piece` to `out`. On failure `badOffset` is the offset in `piece` of
-    // the first sequence that is not valid in the encoding.
-    DecodeResult Feed(std::string_view piece, bool last, std::string& out, size_t& badOffset) {
+    // Hands the UTF-8 of `piece` to `emit(std::string_view)`, in order, in as many parts as it
+    // comes: runs of ASCII straight from `piece` where they are their own characters. On
+    // failure `badOffset` is the offset in `piece` of the first sequence that is not valid in
+    // the encoding.
+    template <typename Emit>
+    DecodeResult Feed(std::string_view piece, bool last, Emit&& emit, size_t& badOffset) {
         const auto* s = reinterpret_cast<const unsigned char*>(piece.data());
         const size_t n = piece.size();
         size_t i = 0;
         while (i < n) {
             if (asciiRuns_ && !Pending()) {
                 const size_t ascii = SkipAscii(s, i, n);
-                AppendAscii(s + i, ascii - i, out);
+                EmitAscii(s + i, ascii - i, emit);
                 i = ascii;
                 if (i == n) break;
             }
             const size_t end = asciiRuns_ ? StretchEnd(s, i, n) : n;
-            const DecodeResult result = Convert(piece, i, end, false, out, badOffset);
+            const DecodeResult result = Convert(piece, i, end, false, emit, badOffset);
             if (result != DecodeResult::Ok) return result;
             i = end;
         }
         if (!last) return DecodeResult::Ok;
-        const DecodeResult result = Convert(piece, n, n, true, out, badOffset);
+        const DecodeResult result = Convert(piece, n, n, true, emit, badOffset);
         if (result != DecodeResult::Ok || heldLead_ == 0) return result;
         badOffset = n;   // an unpaired lead surrogate at the very end
         return DecodeResult::Invalid;
@@ -313,19 +316,25 @@ private:
         return true;
     }
 
-    // Appends the characters of bytes below 0x80: a copy, with the few bytes that are not
-    // their own character looked for and replaced.
-    void AppendAscii(const unsigned char* bytes, size_t size, std::string& out) const {
-        const size_t at = out.size();
-        out.append(reinterpret_cast<const char*>(bytes), size);
+    // The characters of bytes below 0x80: the bytes themselves, or a copy with the few bytes
+    // that are not their own character looked for and replaced.
+    template <typename Emit>
+    void EmitAscii(const unsigned char* bytes, size_t size, Emit& emit) {
+        const std::string_view run(reinterpret_cast<const char*>(bytes), size);
+        if (asciiChanged_.empty()) {
+            emit(run);
+            return;
+        }
+        utf8_.assign(run);
         for (const unsigned char b : asciiChanged_) {
             const unsigned char* from = bytes;
             while (const void* found = std::memchr(from, b, size - size_t(from - bytes))) {
                 const auto* hit = static_cast<const unsigned char*>(found);
-                out[at + size_t(hit - bytes)] = ascii_[b];
+                utf8_[size_t(hit - bytes)] = ascii_[b];
                 from = hit + 1;
             }
         }
+        emit(std::string_view(utf8_));
     }
 
     // The end of the stretch that starts at the non-ASCII byte (or pending character) at `i`:
@@ -341,9 +350,10 @@ private:
         }
     }
 
-    // Converts piece[from, to) through ICU and appends it as UTF-8.
-    DecodeResult Convert(std::string_view piece, size_t from, size_t to, bool flush,
-                         std::string& out, size_t& badOffset) {
+    // Converts piece[from, to) through ICU and emits it as UTF-8.
+    template <typename Emit>
+    DecodeResult Convert(std::string_view piece, size_t from, size_t to, bool flush, Emit& emit,
+                         size_t& badOffset) {
         const char* source = piece.data() + from;
         const char* sourceEnd = piece.data() + to;
         UChar units[kUnits];
@@ -365,16 +375,18 @@ private:
                 return status == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated
                                                         : DecodeResult::Invalid;
             }
-            if (!AppendUtf8(units, size_t(target - units), out)) {
+            if (!ToUtf8(units, size_t(target - units))) {
                 badOffset = 0;
                 return DecodeResult::Invalid;
             }
+            if (!utf8_.empty()) emit(std::string_view(utf8_));
         } while (status == U_BUFFER_OVERFLOW_ERROR);
         return DecodeResult::Ok;
     }
 
-    // A surrogate pair split between two chunks is held back for the next one.
-    bool AppendUtf8(const UChar* units, size_t count, std::string& out) {
+    // The UTF-8 of `units` into utf8_; a surrogate pair split between two chunks is held back
+    // for the next one.
+    bool ToUtf8(const UChar* units, size_t count) {
         UChar joined[kUnits + 1];
         if (heldLead_) {
             joined[0] = heldLead_;
@@ -384,13 +396,11 @@ private:
             heldLead_ = 0;
         }
         if (count > 0 && U16_IS_LEAD(units[count - 1])) heldLead_ = units[--count];
-        const size_t at = out.size();
-        out.resize(at + count * 3);
+        utf8_.resize(count * 3);
         int32_t length = 0;
         UErrorCode status = U_ZERO_ERROR;
-        u_strToUTF8(out.data() + at, int32_t(out.size() - at), &length, units, int32_t(count),
-                    &status);
-        out.resize(U_SUCCESS(status) ? at + size_t(length) : at);
+        u_strToUTF8(utf8_.data(), int32_t(utf8_.size()), &length, units, int32_t(count), &status);
+        utf8_.resize(U_SUCCESS(status) ? size_t(length) : 0);
         return U_SUCCESS(status);
     }
 
@@ -398,6 +408,7 @@ private:
     bool asciiRuns_ = false;       // runs of bytes below 0x80 bypass ICU
     char ascii_[128] = {};         // the character of each of those bytes
     std::vector<unsigned char> asciiChanged_;   // the bytes that are not their own character
+    std::string utf8_;             // the part being emitted when it is not in the piece
     UChar heldLead_ = 0;
 };
 
@@ -441,11 +452,9 @@ bool DecodesCleanly(int codePage, int fd) {
     const CodePageEntry* entry = FindCodePage(codePage);
     if (!entry) return false;
     Decoder decoder(entry->converter);
-    std::string out;
     size_t bad = 0;
     return decoder.Ready() && ScanFile(fd, [&](std::string_view piece, bool last) {
-        out.clear();
-        return decoder.Feed(piece, last, out, bad) == DecodeResult::Ok;
+        return decoder.Feed(piece, last, [](std::string_view) {}, bad) == DecodeResult::Ok;
     }, 0, true);
 }
 
@@ -734,7 +743,7 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
 
 bool CKTTextFileRead::Check(TEXTENCODING encoding, int codePage, size_t skip) {
     Counts counts;
-    if (!Decode(encoding, codePage, skip, [](std::string_view) { return true; }, counts))
+    if (!Decode(encoding, codePage, skip, nullptr, counts))
         return false;
     if (counts.sawNul)
         return Fail(TEXTFILEERROR_BINARY, EILSEQ,
@@ -747,7 +756,8 @@ bool CKTTextFileRead::Check(TEXTENCODING encoding, int codePage, size_t skip) {
     return true;
 }
 
-// Decodes the file from `skip` into UTF-8 pieces for `sink`, counting as it goes. Fails, with
+// Decodes the file from `skip` into UTF-8 pieces for `sink`, counting as it goes; without a
+// sink it only checks and counts. Fails, with
 // the error recorded, at the first byte sequence that does not decode.
 bool CKTTextFileRead::Decode(TEXTENCODING encoding, int codePage, size_t skip,
                              const std::function<bool(std::string_view)>& sink, Counts& counts) {
@@ -777,7 +787,7 @@ bool CKTTextFileRead::Decode(TEXTENCODING encoding, int codePage, size_t skip,
     bool stopped = false;
     auto deliver = [&](std::string_view text) {
         counts.Add(text);
-        if (!text.empty() && !sink(text)) stopped = true;
+        if (sink && !text.empty() && !sink(text)) stopped = true;
         return !stopped;
     };
     bool ok;
@@ -799,18 +809,18 @@ bool CKTTextFileRead::Decode(TEXTENCODING encoding, int codePage, size_t skip,
         if (!decoder.Ready())
             return Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP,
                         Text("ICU has no converter \"%s\"", converterName));
-        std::string out;
         size_t offset = skip;
         ok = ScanFile(fd_, [&](std::string_view piece, bool last) {
-            out.clear();
             size_t at = 0;
-            result = decoder.Feed(piece, last, out, at);
+            result = decoder.Feed(piece, last, [&](std::string_view part) {
+                if (!stopped) deliver(part);
+            }, at);
             if (result != DecodeResult::Ok) {
                 bad = offset + at;
                 return false;
             }
             offset += piece.size();
-            return deliver(out);
+            return !stopped;
         }, skip, true);
     }
     counts.Finish();
@@ -864,19 +874,31 @@ bool CKTTextFileRead::ReadPieces(const CString& lineEnd,
     // A text whose line ends are all `eol` already goes to the sink as it is decoded.
     const bool asIs = (eol == "\n" && crLfs_ + crs_ == 0) || (eol == "\r\n" && crs_ + lfs_ == 0) ||
                       (eol == "\r" && crLfs_ + lfs_ == 0);
+    // Texts come from the decoding in pieces of a few MiB, or, from a legacy code page, in many
+    // small parts; they are gathered into pieces of about kPiece bytes for the sink, except a
+    // large text that needs no change, which goes as it is.
+    constexpr size_t kPiece = size_t(4) << 20;
     std::string out;
     bool pendingCr = false;
-    auto convert = [&](std::string_view text) {
-        if (asIs) return sink(text.data(), text.size());
+    auto flush = [&] {
+        const bool ok = out.empty() || sink(out.data(), out.size());
         out.clear();
-        out.reserve(text.size() + text.size() / 8 + 16);
+        return ok;
+    };
+    auto convert = [&](std::string_view text) {
+        if (asIs && out.empty() && text.size() >= kPiece / 4) return sink(text.data(), text.size());
+        out.reserve(out.size() + text.size() + text.size() / 8 + 16);
+        if (asIs) {
+            out += text;
+            return out.size() < kPiece || flush();
+        }
         size_t i = 0;
         if (pendingCr) {
             out += eol;
             if (!text.empty() && text[0] == '\n') i = 1;
             pendingCr = false;
         }
-        // The next CR and LF are remembered, so each byte value is searched once per piece.
+        // The next CR and LF are remembered, so each byte value is searched once per text.
         const char* cr = Counts::Find(text, '\r', i);
         const char* lf = Counts::Find(text, '\n', i);
         while (i < text.size()) {
@@ -892,14 +914,14 @@ bool CKTTextFileRead::ReadPieces(const CString& lineEnd,
             i = at + 1;
             if (*end == '\r') {
                 if (i == text.size()) {
-                    pendingCr = true;   // its LF, if any, starts the next piece
+                    pendingCr = true;   // its LF, if any, starts the next text
                     break;
                 }
                 if (text[i] == '\n') ++i;
             }
             out += eol;
         }
-        return out.empty() || sink(out.data(), out.size());
+        return out.size() < kPiece || flush();
     };
     Counts counts;
     if (!Decode(GetEncoding(), GetCodePage(), skip_, convert, counts)) {
@@ -907,7 +929,8 @@ bool CKTTextFileRead::ReadPieces(const CString& lineEnd,
                                                    Text("Reading '%s' was stopped", path_.c_str()));
         return false;
     }
-    if (pendingCr && !sink(eol.data(), eol.size())) return false;
+    if (pendingCr) out += eol;
+    if (!flush()) return false;
     if (counts.textBytes != textBytes_ || counts.crLfs != crLfs_ || counts.crs != crs_ ||
         counts.lfs != lfs_ || counts.sawNul)
         return Fail(TEXTFILEERROR_READ_FAILED, ESTALE,
