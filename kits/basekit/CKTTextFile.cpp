@@ -718,12 +718,26 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
         ok = Check(TEXTENCODING_UTF16BE, 0, 2);
     } else {
         // One pass finds whether the file is UTF-8; only a file that is not, and does not look
-        // like damaged UTF-8, is checked again in the legacy code page.
+        // like damaged UTF-8, is read in the legacy code page. A legacy file mostly shows in
+        // its first piece already: its check in the code page then runs in the same pass, and
+        // only a file that shows later is checked again.
         Utf8Scan scan;
-        Counts counts;
-        ok = ScanFile(fd_, [&](std::string_view piece, bool) {
+        Counts counts, legacyCounts;
+        const CodePageEntry* entry = detect ? FindCodePage(legacy) : nullptr;
+        std::unique_ptr<Decoder> decoder;
+        bool first = true, decodes = false;
+        ok = ScanFile(fd_, [&](std::string_view piece, bool last) {
             scan.Add(piece);
             counts.Add(piece);
+            if (first && entry && scan.invalid > 0) {
+                decoder = std::make_unique<Decoder>(entry->converter);
+                decodes = decoder->Ready();
+            }
+            first = false;
+            size_t bad = 0;
+            if (decodes)
+                decodes = decoder->Feed(piece, last, [&](std::string_view part) { legacyCounts.Add(part); },
+                                        bad) == DecodeResult::Ok;
             return true;
         });
         if (!ok) {
@@ -733,6 +747,10 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
                       Text("'%s' holds a NUL byte and is not a text file", path_.c_str()));
         } else if (scan.invalid == 0 || !detect || LooksLikeBrokenUtf8(scan)) {
             ok = Check(TEXTENCODING_UTF8, 0, 0);
+        } else if (decodes) {
+            legacyCounts.Finish();
+            SetEncoding(TEXTENCODING_ANSI, legacy);
+            ok = Adopt(legacyCounts, 0);
         } else {
             ok = Check(TEXTENCODING_ANSI, legacy, 0);
         }
@@ -743,8 +761,10 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
 
 bool CKTTextFileRead::Check(TEXTENCODING encoding, int codePage, size_t skip) {
     Counts counts;
-    if (!Decode(encoding, codePage, skip, nullptr, counts))
-        return false;
+    return Decode(encoding, codePage, skip, nullptr, counts) && Adopt(counts, skip);
+}
+
+bool CKTTextFileRead::Adopt(const Counts& counts, size_t skip) {
     if (counts.sawNul)
         return Fail(TEXTFILEERROR_BINARY, EILSEQ,
                     Text("'%s' holds a NUL character and is not a text file", path_.c_str()));

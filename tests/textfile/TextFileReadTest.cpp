@@ -67,6 +67,7 @@ TEST_F(TextFileTest, DetectsAndDecodesEachEncoding) {
         {"a\r\nb\nc\rd\r\r\n\n\re\r", "1042", kDetect, 0, TEXTENCODING_UTF8, 65001,
          "a\r\nb\r\nc\r\nd\r\n\r\n\r\n\r\ne\r\n"},
         {Utf16("x\ny\rz", false), "1042", kDetect, 0, TEXTENCODING_UTF16BE, 1201, "x\r\ny\r\nz"},
+        {"\xC7\xD1\r\n\xC7\xD1\r", "1042", kDetect, 0, TEXTENCODING_ANSI, 949, "한\r\n한\r\n"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
