@@ -2,7 +2,8 @@
 // (detection with and without legacy code pages, each encoding forced, values outside the
 // enumeration) and one of the three line ends. A file that opens must give UTF-8 text without
 // NUL, with only the chosen line end and of the length announced; saved again in the encoding
-// it was read in, it must read back as the same text.
+// it was read in, it must read back as the same text. Read in a legacy code page, it must give
+// what ICU gives for the whole file at once, and fail exactly where ICU fails.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -12,6 +13,9 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+
+#include <unicode/ucnv.h>
+#include <unicode/ustring.h>
 
 #include "CKTTextFile.h"
 #include "Utf8.h"
@@ -70,6 +74,37 @@ bool OnlyLineEnd(std::string_view text, std::string_view eol) {
     return true;
 }
 
+// The legacy code page's text as ICU decodes the whole file in one call, stopping at the first
+// byte sequence it cannot decode (then false), with every line end made `eol`.
+bool ReferenceDecode(int codePage, std::string_view bytes, std::string_view eol, std::string& out) {
+    const char* name = codePage == 932 ? "ibm-943_P15A-2003"
+                       : codePage == 936 ? "windows-936-2000"
+                       : codePage == 950 ? "windows-950-2000"
+                                         : "windows-949-2000";
+    UErrorCode status = U_ZERO_ERROR;
+    UConverter* converter = ucnv_open(name, &status);
+    ucnv_setToUCallBack(converter, UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+    std::u16string units(2 * bytes.size() + 2, u'\0');
+    const int32_t count = ucnv_toUChars(converter, units.data(), int32_t(units.size()), bytes.data(),
+                                        int32_t(bytes.size()), &status);
+    ucnv_close(converter);
+    if (U_FAILURE(status)) return false;
+    std::string utf8(size_t(count) * 3 + 1, '\0');
+    int32_t length = 0;
+    u_strToUTF8(utf8.data(), int32_t(utf8.size()), &length, units.data(), count, &status);
+    Check(U_SUCCESS(status));
+    utf8.resize(size_t(length));
+    for (size_t i = 0; i < utf8.size(); ++i) {
+        if (utf8[i] != '\r' && utf8[i] != '\n') {
+            out += utf8[i];
+            continue;
+        }
+        if (utf8[i] == '\r' && i + 1 < utf8.size() && utf8[i + 1] == '\n') ++i;
+        out += eol;
+    }
+    return true;
+}
+
 CKTTextFileRead* Open(const std::string& path, unsigned choice, int codePage) {
     switch (choice) {
     case 0: return new CKTTextFileRead(path.c_str(), true, true, codePage);
@@ -96,6 +131,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     CString text;
     const bool read = file->IsOpen() && file->Read(text, eol);
     Check(read == file->IsOpen());
+    const std::string_view bytes(reinterpret_cast<const char*>(data + 1), size - 1);
+    const bool forcedLegacy = choice == 4 && CKTTextFileBase::IsSupportedCodePage(file->GetCodePage());
+    if ((read && file->GetEncoding() == TEXTENCODING_ANSI) || forcedLegacy) {
+        std::string expected;
+        const bool decodes = ReferenceDecode(file->GetCodePage(), bytes, eol, expected);
+        if (read) Check(decodes && text.view() == expected);
+        else Check(!decodes || file->GetError() == TEXTFILEERROR_BINARY);
+    }
     if (!read) {
         Check(!file->GetErrorText().IsEmpty());
         delete file;

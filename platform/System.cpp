@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
+#include <signal.h>
 #include <unistd.h>
 
 namespace {
@@ -153,3 +154,10 @@ BOOL MessageBeep(UINT) {
 }
 
 unsigned long GetMessageBeepCount() { return beepCount.load(); }
+
+DWORD GetCurrentProcessId() { return DWORD(getpid()); }
+
+void KillCurrentProcess() {
+    kill(getpid(), SIGKILL);
+    std::abort();   // not reached: SIGKILL cannot be caught
+}

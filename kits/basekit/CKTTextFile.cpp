@@ -1,15 +1,10 @@
 #include "CKTTextFile.h"
 #include "Utf8.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <signal.h>
-#include <sys/stat.h>
 #include <unicode/ucnv.h>
 #include <unicode/ucsdet.h>
 #include <unicode/ustring.h>
 #include <unicode/utf16.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -98,7 +93,7 @@ std::atomic<bool> g_allowUnnamedTemp{true};
 bool Injected(TEXTFILEFAULT step) {
     Fault& fault = g_faults[step];
     if (fault.countdown.load() <= 0 || fault.countdown.fetch_sub(1) != 1) return false;
-    if (fault.crash.load()) kill(getpid(), SIGKILL);
+    if (fault.crash.load()) KillCurrentProcess();
     errno = fault.error.load();
     return true;
 }
@@ -251,77 +246,173 @@ enum class DecodeResult { Ok, Invalid, Truncated, NoConverter };
 // Decodes a text given in pieces from an ICU converter's encoding into UTF-8; a character may
 // be split across pieces: the converter keeps the bytes of a split character (a split
 // surrogate pair included) until the rest arrives.
+//
+// In the legacy code pages every byte below 0x80 that does not end a double-byte character is
+// one character below U+0080 (mostly itself), and SQL text is mostly ASCII: runs of such bytes
+// are copied byte for byte, and only the stretches around other bytes go through ICU,
+// converted in chunks of a fixed size straight into the output. A byte just after a non-ASCII
+// byte may be its trail byte, so it goes to ICU with it; a run ends a stretch only when it is
+// long enough to pay for a call.
 class Decoder {
 public:
-    explicit Decoder(const char* converterName) : from_(OpenStrict(converterName)) {}
+    explicit Decoder(const char* converterName) : from_(OpenStrict(converterName)) {
+        asciiRuns_ = from_ && MapAsciiBytes();
+    }
     bool Ready() const { return from_ != nullptr; }
 
-    // Appends the UTF-8 of `piece` to `out`. On failure `badOffset` is the offset in `piece` of
-    // the first sequence that is not valid in the encoding.
-    DecodeResult Feed(std::string_view piece, bool last, std::string& out, size_t& badOffset) {
-        const char* source = piece.data();
-        const char* sourceEnd = piece.data() + piece.size();
-        units_.resize(piece.size() + 16);
-        UChar* target = units_.data();
-        UErrorCode status;
-        for (;;) {
-            status = U_ZERO_ERROR;
-            ucnv_toUnicode(from_.get(), &target, units_.data() + units_.size(), &source, sourceEnd,
-                           nullptr, last, &status);
-            if (status != U_BUFFER_OVERFLOW_ERROR) break;
-            const size_t used = size_t(target - units_.data());
-            units_.resize(units_.size() * 2);
-            target = units_.data() + used;
+    // Hands the UTF-8 of `piece` to `emit(std::string_view)`, in order, in as many parts as it
+    // comes: runs of ASCII straight from `piece` where they are their own characters. On
+    // failure `badOffset` is the offset in `piece` of the first sequence that is not valid in
+    // the encoding.
+    template <typename Emit>
+    DecodeResult Feed(std::string_view piece, bool last, Emit&& emit, size_t& badOffset) {
+        const auto* s = reinterpret_cast<const unsigned char*>(piece.data());
+        const size_t n = piece.size();
+        size_t i = 0;
+        while (i < n) {
+            if (asciiRuns_ && !Pending()) {
+                const size_t ascii = SkipAscii(s, i, n);
+                EmitAscii(s + i, ascii - i, emit);
+                i = ascii;
+                if (i == n) break;
+            }
+            const size_t end = asciiRuns_ ? StretchEnd(s, i, n) : n;
+            const DecodeResult result = Convert(piece, i, end, false, emit, badOffset);
+            if (result != DecodeResult::Ok) return result;
+            i = end;
         }
-        if (U_FAILURE(status)) {
-            char invalid[32];
-            int8_t invalidLength = sizeof invalid;
-            UErrorCode invalidStatus = U_ZERO_ERROR;
-            ucnv_getInvalidChars(from_.get(), invalid, &invalidLength, &invalidStatus);
-            if (U_FAILURE(invalidStatus)) invalidLength = 0;
-            const size_t consumed = size_t(source - piece.data());
-            // A character that began in an earlier piece has the offset 0 here.
-            badOffset = consumed - std::min(consumed, size_t(invalidLength));
-            return status == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated
-                                                    : DecodeResult::Invalid;
-        }
-        const size_t count = size_t(target - units_.data());
-        const size_t at = out.size();
-        out.resize(at + count * 3);
-        int32_t length = 0;
-        status = U_ZERO_ERROR;
-        u_strToUTF8(out.data() + at, int32_t(out.size() - at), &length, units_.data(),
-                    int32_t(count), &status);
-        if (U_FAILURE(status)) {
-            out.resize(at);
-            badOffset = 0;
-            return DecodeResult::Invalid;
-        }
-        out.resize(at + size_t(length));
-        return DecodeResult::Ok;
+        if (!last) return DecodeResult::Ok;
+        const DecodeResult result = Convert(piece, n, n, true, emit, badOffset);
+        if (result != DecodeResult::Ok || heldLead_ == 0) return result;
+        badOffset = n;   // an unpaired lead surrogate at the very end
+        return DecodeResult::Invalid;
     }
 
 private:
+    static constexpr size_t kMinAsciiRun = 32;
+    static constexpr size_t kUnits = size_t(16) << 10;
+
+    // Whether the converter holds the first bytes of a character.
+    bool Pending() const {
+        UErrorCode status = U_ZERO_ERROR;
+        return ucnv_toUCountPending(from_.get(), &status) != 0;
+    }
+
+    // Whether each byte below 0x80 on its own decodes to one character below U+0080, kept in
+    // ascii_. That is the character itself in most code pages; 932 swaps three control codes.
+    bool MapAsciiBytes() {
+        char bytes[128];
+        UChar units[256];
+        for (int b = 0; b < 128; ++b) bytes[b] = char(b);
+        UErrorCode status = U_ZERO_ERROR;
+        const int32_t count = ucnv_toUChars(from_.get(), units, 256, bytes, 128, &status);
+        ucnv_resetToUnicode(from_.get());
+        if (U_FAILURE(status) || count != 128) return false;
+        for (int b = 0; b < 128; ++b) {
+            if (units[b] >= 0x80) return false;
+            ascii_[b] = char(units[b]);
+            if (units[b] != UChar(b)) asciiChanged_.push_back((unsigned char)b);
+        }
+        return true;
+    }
+
+    // The characters of bytes below 0x80: the bytes themselves, or a copy with the few bytes
+    // that are not their own character looked for and replaced.
+    template <typename Emit>
+    void EmitAscii(const unsigned char* bytes, size_t size, Emit& emit) {
+        const std::string_view run(reinterpret_cast<const char*>(bytes), size);
+        if (asciiChanged_.empty()) {
+            emit(run);
+            return;
+        }
+        utf8_.assign(run);
+        for (const unsigned char b : asciiChanged_) {
+            const unsigned char* from = bytes;
+            while (const void* found = std::memchr(from, b, size - size_t(from - bytes))) {
+                const auto* hit = static_cast<const unsigned char*>(found);
+                utf8_[size_t(hit - bytes)] = ascii_[b];
+                from = hit + 1;
+            }
+        }
+        emit(std::string_view(utf8_));
+    }
+
+    // The end of the stretch that starts at the non-ASCII byte (or pending character) at `i`:
+    // its non-ASCII bytes, each followed by the byte after them, up to the first ASCII run of
+    // kMinAsciiRun bytes or the end of the piece.
+    static size_t StretchEnd(const unsigned char* s, size_t i, size_t n) {
+        for (;;) {
+            while (i < n && s[i] >= 0x80) ++i;
+            if (i < n) ++i;   // a possible trail byte
+            const size_t ascii = SkipAscii(s, i, n);
+            if (ascii == n || ascii - i >= kMinAsciiRun) return i;
+            i = ascii;
+        }
+    }
+
+    // Converts piece[from, to) through ICU and emits it as UTF-8.
+    template <typename Emit>
+    DecodeResult Convert(std::string_view piece, size_t from, size_t to, bool flush, Emit& emit,
+                         size_t& badOffset) {
+        const char* source = piece.data() + from;
+        const char* sourceEnd = piece.data() + to;
+        UChar units[kUnits];
+        UErrorCode status;
+        do {
+            UChar* target = units;
+            status = U_ZERO_ERROR;
+            ucnv_toUnicode(from_.get(), &target, units + kUnits, &source, sourceEnd, nullptr,
+                           flush, &status);
+            if (U_FAILURE(status) && status != U_BUFFER_OVERFLOW_ERROR) {
+                char invalid[32];
+                int8_t invalidLength = sizeof invalid;
+                UErrorCode invalidStatus = U_ZERO_ERROR;
+                ucnv_getInvalidChars(from_.get(), invalid, &invalidLength, &invalidStatus);
+                if (U_FAILURE(invalidStatus)) invalidLength = 0;
+                const size_t consumed = size_t(source - piece.data());
+                // A character that began in an earlier piece has the offset 0 here.
+                badOffset = consumed - std::min(consumed, size_t(invalidLength));
+                return status == U_TRUNCATED_CHAR_FOUND ? DecodeResult::Truncated
+                                                        : DecodeResult::Invalid;
+            }
+            if (!ToUtf8(units, size_t(target - units))) {
+                badOffset = 0;
+                return DecodeResult::Invalid;
+            }
+            if (!utf8_.empty()) emit(std::string_view(utf8_));
+        } while (status == U_BUFFER_OVERFLOW_ERROR);
+        return DecodeResult::Ok;
+    }
+
+    // The UTF-8 of `units` into utf8_; a surrogate pair split between two chunks is held back
+    // for the next one.
+    bool ToUtf8(const UChar* units, size_t count) {
+        UChar joined[kUnits + 1];
+        if (heldLead_) {
+            joined[0] = heldLead_;
+            std::copy(units, units + count, joined + 1);
+            units = joined;
+            ++count;
+            heldLead_ = 0;
+        }
+        if (count > 0 && U16_IS_LEAD(units[count - 1])) heldLead_ = units[--count];
+        utf8_.resize(count * 3);
+        int32_t length = 0;
+        UErrorCode status = U_ZERO_ERROR;
+        u_strToUTF8(utf8_.data(), int32_t(utf8_.size()), &length, units, int32_t(count), &status);
+        utf8_.resize(U_SUCCESS(status) ? size_t(length) : 0);
+        return U_SUCCESS(status);
+    }
+
     Converter from_;
-    std::vector<UChar> units_;
+    bool asciiRuns_ = false;       // runs of bytes below 0x80 bypass ICU
+    char ascii_[128] = {};         // the character of each of those bytes
+    std::vector<unsigned char> asciiChanged_;   // the bytes that are not their own character
+    std::string utf8_;             // the part being emitted when it is not in the piece
+    UChar heldLead_ = 0;
 };
 
 // ---- reading in pieces
-
-// Reads up to `size` bytes at `offset`; size_t(-1) on failure, with errno set.
-size_t ReadAt(int fd, char* buffer, size_t size, size_t offset) {
-    size_t done = 0;
-    while (done < size) {
-        const ssize_t n = ::pread(fd, buffer + done, size - done, off_t(offset + done));
-        if (n == 0) break;
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            return size_t(-1);
-        }
-        done += size_t(n);
-    }
-    return done;
-}
 
 unsigned ByteAt(int fd, size_t offset) {
     char byte = 0;
@@ -361,11 +452,9 @@ bool DecodesCleanly(int codePage, int fd) {
     const CodePageEntry* entry = FindCodePage(codePage);
     if (!entry) return false;
     Decoder decoder(entry->converter);
-    std::string out;
     size_t bad = 0;
     return decoder.Ready() && ScanFile(fd, [&](std::string_view piece, bool last) {
-        out.clear();
-        return decoder.Feed(piece, last, out, bad) == DecodeResult::Ok;
+        return decoder.Feed(piece, last, [](std::string_view) {}, bad) == DecodeResult::Ok;
     }, 0, true);
 }
 
@@ -400,19 +489,6 @@ int SuggestCodePage(int fd, int failed) {
 
 // ---- system calls
 
-struct FileDescriptor {
-    int fd = -1;
-    FileDescriptor() = default;
-    explicit FileDescriptor(int f) : fd(f) {}
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor() { Reset(); }
-    void Reset() {
-        if (fd >= 0) ::close(fd);
-        fd = -1;
-    }
-};
-
 TEXTFILEERROR ErrorOf(int systemError, TEXTFILEERROR otherwise) {
     switch (systemError) {
     case ENOENT:
@@ -431,22 +507,6 @@ TEXTFILEERROR ErrorOf(int systemError, TEXTFILEERROR otherwise) {
     }
 }
 
-// The process's umask, which a new file's permissions follow. Read from /proc because
-// umask() can only be read by changing it, which would race with other threads.
-mode_t CurrentUmask() {
-    mode_t mask = 022;
-    if (FILE* status = std::fopen("/proc/self/status", "re")) {
-        char line[256];
-        while (std::fgets(line, sizeof line, status))
-            if (std::strncmp(line, "Umask:", 6) == 0) {
-                mask = mode_t(std::strtol(line + 6, nullptr, 8));
-                break;
-            }
-        std::fclose(status);
-    }
-    return mask;
-}
-
 // A temporary file's name: the target's name (up to 200 bytes, as a file name may have 255)
 // between a dot and eight hex digits and ".tmp".
 constexpr size_t kTempNameStem = 200;
@@ -455,7 +515,7 @@ std::string TempName(const std::string& targetName) {
     static std::atomic<unsigned> counter{0};
     const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
     const unsigned long long mix =
-        (unsigned long long)now * 0x9E3779B97F4A7C15ull ^ ((unsigned long long)getpid() << 20) ^
+        (unsigned long long)now * 0x9E3779B97F4A7C15ull ^ ((unsigned long long)GetCurrentProcessId() << 20) ^
         counter.fetch_add(1);
     char suffix[32];
     std::snprintf(suffix, sizeof suffix, ".%08llx.tmp", mix & 0xFFFFFFFFull);
@@ -478,14 +538,7 @@ bool IsTempName(std::string_view name, const std::string& targetName) {
 // The folder and the name of the file that saving `path` replaces: a symbolic link stays a
 // link, and the file it points to is the one replaced.
 std::pair<std::string, std::string> SaveTarget(const std::string& path) {
-    std::string target = path;
-    struct stat info {};
-    if (lstat(target.c_str(), &info) == 0 && S_ISLNK(info.st_mode)) {
-        if (char* real = realpath(target.c_str(), nullptr)) {
-            target = real;
-            std::free(real);
-        }
-    }
+    const std::string target = ResolveLink(path);
     const size_t slash = target.rfind('/');
     if (slash == std::string::npos) return {".", target};
     return {slash == 0 ? "/" : target.substr(0, slash), target.substr(slash + 1)};
@@ -495,32 +548,23 @@ std::pair<std::string, std::string> SaveTarget(const std::string& path) {
 // A save holds a lock on its temporary file while it runs, so a file that can be locked here
 // belongs to no running save.
 void RemoveStaleTemps(int dirFd, const std::string& targetName) {
-    const int listFd = openat(dirFd, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (listFd < 0) return;   // a folder that cannot be listed keeps what it has
-    DIR* dir = fdopendir(listFd);
-    if (!dir) {
-        ::close(listFd);
-        return;
-    }
-    std::vector<std::string> stale;
-    while (const dirent* entry = readdir(dir))
-        if (IsTempName(entry->d_name, targetName)) stale.emplace_back(entry->d_name);
-    closedir(dir);
-    for (const std::string& name : stale) {
-        const int fd = openat(dirFd, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    // A folder that cannot be listed keeps what it has.
+    for (const std::string& name : NamesIn(dirFd)) {
+        if (!IsTempName(name, targetName)) continue;
+        const int fd = OpenExistingAt(dirFd, name.c_str());
         if (fd < 0) continue;
         FileStatus info;
         if (StatusOf(fd, info) && info.regular && TryLockExclusive(fd)) RemoveFileAt(dirFd, name.c_str());
-        ::close(fd);
+        CloseDescriptor(fd);
     }
 }
 
 void RemoveStaleTemps(const std::string& path) {
     const auto [folder, name] = SaveTarget(path);
-    const int dirFd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int dirFd = OpenFolder(folder.c_str());
     if (dirFd < 0) return;
     RemoveStaleTemps(dirFd, name);
-    ::close(dirFd);
+    CloseDescriptor(dirFd);
 }
 
 }  // namespace
@@ -627,7 +671,7 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
         return;
     }
     // Non-blocking, so that a FIFO fails as "not a file" instead of waiting for a writer.
-    fd_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    fd_ = OpenForReading(path_.c_str());
     if (fd_ < 0) {
         FailSystem(errno, TEXTFILEERROR_READ_FAILED, "cannot be opened");
         return;
@@ -674,12 +718,26 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
         ok = Check(TEXTENCODING_UTF16BE, 0, 2);
     } else {
         // One pass finds whether the file is UTF-8; only a file that is not, and does not look
-        // like damaged UTF-8, is checked again in the legacy code page.
+        // like damaged UTF-8, is read in the legacy code page. A legacy file mostly shows in
+        // its first piece already: its check in the code page then runs in the same pass, and
+        // only a file that shows later is checked again.
         Utf8Scan scan;
-        Counts counts;
-        ok = ScanFile(fd_, [&](std::string_view piece, bool) {
+        Counts counts, legacyCounts;
+        const CodePageEntry* entry = detect ? FindCodePage(legacy) : nullptr;
+        std::unique_ptr<Decoder> decoder;
+        bool first = true, decodes = false;
+        ok = ScanFile(fd_, [&](std::string_view piece, bool last) {
             scan.Add(piece);
             counts.Add(piece);
+            if (first && entry && scan.invalid > 0) {
+                decoder = std::make_unique<Decoder>(entry->converter);
+                decodes = decoder->Ready();
+            }
+            first = false;
+            size_t bad = 0;
+            if (decodes)
+                decodes = decoder->Feed(piece, last, [&](std::string_view part) { legacyCounts.Add(part); },
+                                        bad) == DecodeResult::Ok;
             return true;
         });
         if (!ok) {
@@ -689,6 +747,10 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
                       Text("'%s' holds a NUL byte and is not a text file", path_.c_str()));
         } else if (scan.invalid == 0 || !detect || LooksLikeBrokenUtf8(scan)) {
             ok = Check(TEXTENCODING_UTF8, 0, 0);
+        } else if (decodes) {
+            legacyCounts.Finish();
+            SetEncoding(TEXTENCODING_ANSI, legacy);
+            ok = Adopt(legacyCounts, 0);
         } else {
             ok = Check(TEXTENCODING_ANSI, legacy, 0);
         }
@@ -699,8 +761,10 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
 
 bool CKTTextFileRead::Check(TEXTENCODING encoding, int codePage, size_t skip) {
     Counts counts;
-    if (!Decode(encoding, codePage, skip, [](std::string_view) { return true; }, counts))
-        return false;
+    return Decode(encoding, codePage, skip, nullptr, counts) && Adopt(counts, skip);
+}
+
+bool CKTTextFileRead::Adopt(const Counts& counts, size_t skip) {
     if (counts.sawNul)
         return Fail(TEXTFILEERROR_BINARY, EILSEQ,
                     Text("'%s' holds a NUL character and is not a text file", path_.c_str()));
@@ -712,7 +776,8 @@ bool CKTTextFileRead::Check(TEXTENCODING encoding, int codePage, size_t skip) {
     return true;
 }
 
-// Decodes the file from `skip` into UTF-8 pieces for `sink`, counting as it goes. Fails, with
+// Decodes the file from `skip` into UTF-8 pieces for `sink`, counting as it goes; without a
+// sink it only checks and counts. Fails, with
 // the error recorded, at the first byte sequence that does not decode.
 bool CKTTextFileRead::Decode(TEXTENCODING encoding, int codePage, size_t skip,
                              const std::function<bool(std::string_view)>& sink, Counts& counts) {
@@ -742,7 +807,7 @@ bool CKTTextFileRead::Decode(TEXTENCODING encoding, int codePage, size_t skip,
     bool stopped = false;
     auto deliver = [&](std::string_view text) {
         counts.Add(text);
-        if (!text.empty() && !sink(text)) stopped = true;
+        if (sink && !text.empty() && !sink(text)) stopped = true;
         return !stopped;
     };
     bool ok;
@@ -764,18 +829,18 @@ bool CKTTextFileRead::Decode(TEXTENCODING encoding, int codePage, size_t skip,
         if (!decoder.Ready())
             return Fail(TEXTFILEERROR_UNSUPPORTED, ENOTSUP,
                         Text("ICU has no converter \"%s\"", converterName));
-        std::string out;
         size_t offset = skip;
         ok = ScanFile(fd_, [&](std::string_view piece, bool last) {
-            out.clear();
             size_t at = 0;
-            result = decoder.Feed(piece, last, out, at);
+            result = decoder.Feed(piece, last, [&](std::string_view part) {
+                if (!stopped) deliver(part);
+            }, at);
             if (result != DecodeResult::Ok) {
                 bad = offset + at;
                 return false;
             }
             offset += piece.size();
-            return deliver(out);
+            return !stopped;
         }, skip, true);
     }
     counts.Finish();
@@ -829,19 +894,31 @@ bool CKTTextFileRead::ReadPieces(const CString& lineEnd,
     // A text whose line ends are all `eol` already goes to the sink as it is decoded.
     const bool asIs = (eol == "\n" && crLfs_ + crs_ == 0) || (eol == "\r\n" && crs_ + lfs_ == 0) ||
                       (eol == "\r" && crLfs_ + lfs_ == 0);
+    // Texts come from the decoding in pieces of a few MiB, or, from a legacy code page, in many
+    // small parts; they are gathered into pieces of about kPiece bytes for the sink, except a
+    // large text that needs no change, which goes as it is.
+    constexpr size_t kPiece = size_t(4) << 20;
     std::string out;
     bool pendingCr = false;
-    auto convert = [&](std::string_view text) {
-        if (asIs) return sink(text.data(), text.size());
+    auto flush = [&] {
+        const bool ok = out.empty() || sink(out.data(), out.size());
         out.clear();
-        out.reserve(text.size() + text.size() / 8 + 16);
+        return ok;
+    };
+    auto convert = [&](std::string_view text) {
+        if (asIs && out.empty() && text.size() >= kPiece / 4) return sink(text.data(), text.size());
+        out.reserve(out.size() + text.size() + text.size() / 8 + 16);
+        if (asIs) {
+            out += text;
+            return out.size() < kPiece || flush();
+        }
         size_t i = 0;
         if (pendingCr) {
             out += eol;
             if (!text.empty() && text[0] == '\n') i = 1;
             pendingCr = false;
         }
-        // The next CR and LF are remembered, so each byte value is searched once per piece.
+        // The next CR and LF are remembered, so each byte value is searched once per text.
         const char* cr = Counts::Find(text, '\r', i);
         const char* lf = Counts::Find(text, '\n', i);
         while (i < text.size()) {
@@ -857,14 +934,14 @@ bool CKTTextFileRead::ReadPieces(const CString& lineEnd,
             i = at + 1;
             if (*end == '\r') {
                 if (i == text.size()) {
-                    pendingCr = true;   // its LF, if any, starts the next piece
+                    pendingCr = true;   // its LF, if any, starts the next text
                     break;
                 }
                 if (text[i] == '\n') ++i;
             }
             out += eol;
         }
-        return out.empty() || sink(out.data(), out.size());
+        return out.size() < kPiece || flush();
     };
     Counts counts;
     if (!Decode(GetEncoding(), GetCodePage(), skip_, convert, counts)) {
@@ -872,7 +949,8 @@ bool CKTTextFileRead::ReadPieces(const CString& lineEnd,
                                                    Text("Reading '%s' was stopped", path_.c_str()));
         return false;
     }
-    if (pendingCr && !sink(eol.data(), eol.size())) return false;
+    if (pendingCr) out += eol;
+    if (!flush()) return false;
     if (counts.textBytes != textBytes_ || counts.crLfs != crLfs_ || counts.crs != crs_ ||
         counts.lfs != lfs_ || counts.sawNul)
         return Fail(TEXTFILEERROR_READ_FAILED, ESTALE,
@@ -913,7 +991,7 @@ const char* CKTTextFileRead::GetLineEnd() const {
 }
 
 bool CKTTextFileRead::CloseFile() {
-    if (fd_ >= 0) ::close(fd_);
+    if (fd_ >= 0) CloseDescriptor(fd_);
     fd_ = -1;
     open_ = false;
     return true;
@@ -932,11 +1010,11 @@ struct CKTTextFileWrite::Impl {
     long long lines = 1;       // line of the next byte, for messages
 
     void Discard() {
-        if (fd >= 0) ::close(fd);
+        if (fd >= 0) CloseDescriptor(fd);
         fd = -1;
         if (!tempName.empty()) RemoveFileAt(dirFd, tempName.c_str());
         tempName.clear();
-        if (dirFd >= 0) ::close(dirFd);
+        if (dirFd >= 0) CloseDescriptor(dirFd);
         dirFd = -1;
     }
 };
@@ -1008,9 +1086,7 @@ bool CKTTextFileWrite::OpenTemp() {
         return Fail(TEXTFILEERROR_NOT_A_FILE, EISDIR,
                     Text("'%s' names a folder", path_.c_str()));
 
-    impl_->dirFd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (impl_->dirFd < 0 && errno == EACCES)   // a folder that may be written but not listed
-        impl_->dirFd = ::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    impl_->dirFd = OpenFolder(folder.c_str());
     if (impl_->dirFd < 0)
         return FailSystem(errno, TEXTFILEERROR_WRITE_FAILED, "has no usable folder");
     const char* name = impl_->targetName.c_str();
@@ -1019,7 +1095,7 @@ bool CKTTextFileWrite::OpenTemp() {
         if (!info.regular)
             return Abandon(TEXTFILEERROR_NOT_A_FILE, info.directory ? EISDIR : EINVAL,
                            Text("'%s' is not a file", path_.c_str()));
-        if (faccessat(impl_->dirFd, name, W_OK, AT_EACCESS) != 0)
+        if (!CanWriteAt(impl_->dirFd, name))
             return AbandonSystem(errno, "cannot be written");
     } else if (errno != ENOENT) {
         return AbandonSystem(errno, "cannot be written");
@@ -1028,15 +1104,14 @@ bool CKTTextFileWrite::OpenTemp() {
 
     // An unnamed temporary file vanishes by itself on any failure; it needs /proc to be given
     // a name later. File systems without them get a named file, removed on failure.
-    if (g_allowUnnamedTemp.load() && access("/proc/self/fd", X_OK) == 0) {
+    if (g_allowUnnamedTemp.load() && CanNameUnnamedFiles()) {
         impl_->fd = OpenUnnamedFile(impl_->dirFd);
         if (impl_->fd < 0 && errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
             return AbandonSystem(errno, "cannot be written");
     }
     for (int attempt = 0; impl_->fd < 0 && attempt < 100; ++attempt) {
         std::string temp = TempName(impl_->targetName);
-        impl_->fd =
-            openat(impl_->dirFd, temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        impl_->fd = CreateNewFileAt(impl_->dirFd, temp.c_str());
         if (impl_->fd >= 0) {
             impl_->tempName = std::move(temp);
         } else if (errno != EEXIST) {
@@ -1069,9 +1144,9 @@ bool CKTTextFileWrite::AbandonSystem(int systemError, const char* what) {
 
 bool CKTTextFileWrite::WriteBytes(const char* data, size_t size) {
     while (size > 0) {
-        const ssize_t n = Injected(TEXTFILEFAULT_WRITE)
-                              ? -1
-                              : ::write(impl_->fd, data, std::min(size, size_t(1) << 30));
+        const long n = Injected(TEXTFILEFAULT_WRITE)
+                           ? -1
+                           : WriteSome(impl_->fd, data, std::min(size, size_t(1) << 30));
         if (n < 0) {
             if (errno == EINTR) continue;
             return AbandonSystem(errno, "could not be written");
@@ -1169,19 +1244,19 @@ bool CKTTextFileWrite::Close() {
     if (!d.carry.empty())
         return Abandon(TEXTFILEERROR_INVALID_TEXT, EILSEQ,
                        Text("The text for '%s' ends inside a UTF-8 character", path_.c_str()));
-    if (Injected(TEXTFILEFAULT_SYNC) || fsync(d.fd) != 0)
+    if (Injected(TEXTFILEFAULT_SYNC) || !SyncFile(d.fd))
         return AbandonSystem(errno, "could not be synced to disk");
 
     // The new file takes the old one's permissions, or those of a newly created file.
     FileStatus old, mine;
     if (StatusAt(d.dirFd, d.targetName.c_str(), old) && old.regular) {
         if (StatusOf(d.fd, mine) && (mine.owner != old.owner || mine.group != old.group) &&
-            fchown(d.fd, old.owner, old.group) != 0) {
+            !SetOwner(d.fd, old.owner, old.group)) {
             // Only the owner's own groups or root may hand a file over; the saver keeps it.
         }
-        fchmod(d.fd, old.mode);
+        SetPermissions(d.fd, old.mode);
     } else {
-        fchmod(d.fd, 0666 & ~CurrentUmask());
+        SetPermissions(d.fd, 0666 & ~CurrentUmask());
     }
 
     for (int attempt = 0; d.tempName.empty() && attempt < 100; ++attempt) {
@@ -1195,13 +1270,13 @@ bool CKTTextFileWrite::Close() {
         return AbandonSystem(EEXIST, "could not be saved: its temporary file got no name");
     const int fd = d.fd;
     d.fd = -1;
-    if (::close(fd) != 0) return AbandonSystem(errno, "could not be written");
+    if (!CloseDescriptor(fd)) return AbandonSystem(errno, "could not be written");
     if (Injected(TEXTFILEFAULT_RENAME) ||
-        renameat(d.dirFd, d.tempName.c_str(), d.dirFd, d.targetName.c_str()) != 0)
+        !RenameAt(d.dirFd, d.tempName.c_str(), d.targetName.c_str()))
         return AbandonSystem(errno, "could not be replaced");
     d.tempName.clear();
     // Makes the rename durable; a folder opened for path use only cannot.
-    if (!Injected(TEXTFILEFAULT_SYNC_FOLDER)) fsync(d.dirFd);
+    if (!Injected(TEXTFILEFAULT_SYNC_FOLDER)) SyncFile(d.dirFd);
     d.Discard();
     open_ = false;
     committed_ = true;

@@ -159,6 +159,8 @@ private:
     struct Counts;
     void Load(bool detect, int encoding, int codePage);
     bool Check(TEXTENCODING encoding, int codePage, size_t skip);
+    // Takes the counts of a text that decoded whole; a NUL character fails it as binary.
+    bool Adopt(const Counts& counts, size_t skip);
     bool Decode(TEXTENCODING encoding, int codePage, size_t skip,
                 const std::function<bool(std::string_view)>& sink, Counts& counts);
     bool FailUndecodable(size_t offset, const char* what);

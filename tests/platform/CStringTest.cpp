@@ -4,66 +4,45 @@
 
 #include "CString.h"
 
-TEST(CString, BytesStopAtNulOnlyWhenReadAsACText) {
+// Each row: what an operation gave and what it must give; indexes out of range stay in bounds.
+TEST(CString, OperationsStayInBoundsAndKeepUtf8Intact) {
     const char raw[] = {'a', '\0', 'b'};
-    EXPECT_EQ(CString(raw).GetLength(), 1);
-    EXPECT_EQ(CString(raw, 3).GetLength(), 3);
-    EXPECT_EQ(CString(static_cast<const char*>(nullptr)).GetLength(), 0);
-}
-
-TEST(CString, SearchingAndSlicingStayInBounds) {
-    CString s("select * from t -- note");
-    EXPECT_EQ(s.Find("--"), 16);
-    EXPECT_EQ(s.Find('x'), -1);
-    EXPECT_EQ(s.Find("t", 100), -1);
-    EXPECT_EQ(s.ReverseFind(' '), 18);
-    EXPECT_EQ(s.FindOneOf("*-"), 7);
-    EXPECT_EQ(s.Left(6), "select");
-    EXPECT_EQ(s.Mid(100), "");
-    EXPECT_EQ(s.Mid(-3, 2), "se");
-    EXPECT_EQ(s.Mid(20, 100), "ote");
-    EXPECT_EQ(s.Right(4), "note");
-    EXPECT_EQ(s.Right(100), s);
-    EXPECT_EQ(s.GetAt(1000), '\0');
-}
-
-TEST(CString, EditingOperations) {
-    CString s("a--b--c");
-    EXPECT_EQ(s.Replace("--", "+"), 2);
-    EXPECT_EQ(s, "a+b+c");
-    EXPECT_EQ(s.Replace("", "x"), 0);
-    CString t("  (x)  ");
-    EXPECT_EQ(CString(t).Trim(), "(x)");
-    EXPECT_EQ(CString(t).Trim(" ()"), "x");
-    EXPECT_EQ(CString("   ").TrimLeft(), "");
-    CString u("Straße ABC");
-    u.MakeLower();
-    EXPECT_EQ(u, "straße abc");  // only ASCII letters change, UTF-8 bytes stay intact
-    u.MakeUpper();
-    EXPECT_EQ(u, "STRAßE ABC");
-    EXPECT_EQ(CString("abc").CompareNoCase("ABD"), -1);
-    EXPECT_EQ(CString("abc").CompareNoCase("ABC"), 0);
+    const CString s("select * from t -- note");
+    CString replaced("a--b--c"), lower("Straße ABC"), upper("Straße abc");
+    const int replacements = replaced.Replace("--", "+") + replaced.Replace("", "x");
+    lower.MakeLower();
+    upper.MakeUpper();
+    const struct { int got, expected; } numbers[] = {
+        {CString(raw).GetLength(), 1}, {CString(raw, 3).GetLength(), 3},
+        {CString(static_cast<const char*>(nullptr)).GetLength(), 0},
+        {s.Find("--"), 16}, {s.Find('x'), -1}, {s.Find("t", 100), -1}, {s.ReverseFind(' '), 18},
+        {s.FindOneOf("*-"), 7}, {s.GetAt(1000), 0}, {replacements, 2},
+        {CString("abc").CompareNoCase("ABD"), -1}, {CString("abc").CompareNoCase("ABC"), 0},
+    };
+    for (size_t i = 0; i < std::size(numbers); ++i) EXPECT_EQ(numbers[i].got, numbers[i].expected) << i;
+    const struct { CString got; const char* expected; } texts[] = {
+        {s.Left(6), "select"}, {s.Mid(100), ""}, {s.Mid(-3, 2), "se"}, {s.Mid(20, 100), "ote"},
+        {s.Right(4), "note"}, {s.Right(100), "select * from t -- note"}, {replaced, "a+b+c"},
+        {CString("  (x)  ").Trim(), "(x)"}, {CString("  (x)  ").Trim(" ()"), "x"},
+        {CString("   ").TrimLeft(), ""}, {lower, "straße abc"}, {upper, "STRAßE ABC"},
+    };
+    for (const auto& t : texts) EXPECT_EQ(t.got, t.expected);
 }
 
 TEST(CString, FormatAndBuffers) {
     CString s;
     s.Format("%s=%d;%*c", "n", 42, 3, 'x');
     EXPECT_EQ(s, "n=42;  x");
-    std::string big(5000, 'q');
-    s.Format("%s", big.c_str());
+    s.Format("%s", std::string(5000, 'q').c_str());
     EXPECT_EQ(s.GetLength(), 5000);
     char* p = s.GetBuffer(10);
-    p[0] = 'z';
-    p[1] = '\0';
+    std::memcpy(p, "z", 2);
     s.ReleaseBuffer();
     EXPECT_EQ(s, "z");
-    p = s.GetBuffer(8);
-    std::memcpy(p, "abcdefgh", 8);
+    std::memcpy(s.GetBuffer(8), "abcdefgh", 8);
     s.ReleaseBuffer(4);
     EXPECT_EQ(s, "abcd");
-}
 
-TEST(CStringArray, GrowsAndRemovesSafely) {
     CStringArray a;
     a.SetAtGrow(2, "c");
     EXPECT_EQ(a.GetSize(), 3);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "CWnd.h"
+#include "MessageHandlers.h"
 #include "System.h"
 
 namespace {
@@ -18,38 +19,27 @@ class BaseWindow : public CWnd {
 public:
     std::vector<CString> log;
     int createResult = 0;
+    LRESULT OnPing(WPARAM wParam, LPARAM) { log.push_back("base ping"); return LRESULT(wParam) + 1; }
+    void OnA() { log.push_back("base A"); }
+    LRESULT OnCreate(WPARAM, LPARAM) { return createResult; }
 
 protected:
     const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
     static const MessageMap* GetThisMessageMap() {
-        static const MessageMapEntry entries[] = {
-            {kPing, 0, [](CWnd* w, WPARAM wp, LPARAM) -> LRESULT {
-                 static_cast<BaseWindow*>(w)->log.push_back("base ping");
-                 return LRESULT(wp) + 1;
-             }},
-            {WM_COMMAND, kCommandA, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-                 static_cast<BaseWindow*>(w)->log.push_back("base A");
-                 return 0;
-             }},
-            {WM_CREATE, 0, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-                 return static_cast<BaseWindow*>(w)->createResult;
-             }},
-        };
+        static const MessageMapEntry entries[] = {{kPing, 0, OnMessage<&BaseWindow::OnPing>},
+            {WM_COMMAND, kCommandA, OnMessage<&BaseWindow::OnA>}, {WM_CREATE, 0, OnMessage<&BaseWindow::OnCreate>}};
         static const MessageMap map{CWnd::GetThisMessageMap(), entries, std::size(entries)};
         return &map;
     }
 };
 
 class DerivedWindow : public BaseWindow {
+public:
+    void OnB() { log.push_back("derived B"); }
+
 protected:
-    const MessageMap* GetMessageMap() const override { return GetThisMessageMap(); }
-    static const MessageMap* GetThisMessageMap() {
-        static const MessageMapEntry entries[] = {
-            {WM_COMMAND, kCommandB, [](CWnd* w, WPARAM, LPARAM) -> LRESULT {
-                 static_cast<DerivedWindow*>(w)->log.push_back("derived B");
-                 return 0;
-             }},
-        };
+    const MessageMap* GetMessageMap() const override {
+        static const MessageMapEntry entries[] = {{WM_COMMAND, kCommandB, OnMessage<&DerivedWindow::OnB>}};
         static const MessageMap map{BaseWindow::GetThisMessageMap(), entries, std::size(entries)};
         return &map;
     }
@@ -70,7 +60,7 @@ TEST(CWnd, MessageMapsDispatchAndFallBackToTheBaseClass) {
     EXPECT_EQ(w.GetDlgCtrlID(), 7u);
 }
 
-TEST(CWnd, NoWindowBeforeCreateAndCreationCanBeRefused) {
+TEST(CWnd, CreationCanFailOrBeRefusedAndTheMainWindowClearsWithItsObject) {
     BaseWindow w;
     EXPECT_EQ(w.GetSafeHwnd(), nullptr);
     EXPECT_FALSE(w.PostMessage(kPing));
@@ -79,10 +69,15 @@ TEST(CWnd, NoWindowBeforeCreateAndCreationCanBeRefused) {
     w.createResult = -1;
     EXPECT_FALSE(w.CreateEx(0, "QuillboxFrame", "", 0, rect(1, 1), nullptr, 0));
     EXPECT_EQ(w.GetSafeHwnd(), nullptr);
-
     CWnd parentWithoutWindow;
     BaseWindow child;
     EXPECT_FALSE(child.CreateEx(0, "QuillboxFrame", "", 0, rect(1, 1), &parentWithoutWindow, 0));
+    {
+        BaseWindow main;
+        AfxSetMainWnd(&main);
+        EXPECT_EQ(AfxGetMainWnd(), &main);
+    }
+    EXPECT_EQ(AfxGetMainWnd(), nullptr);
 }
 
 TEST(CWnd, PostedMessagesArriveLaterAndNeverReachADestroyedWindow) {
@@ -92,7 +87,6 @@ TEST(CWnd, PostedMessagesArriveLaterAndNeverReachADestroyedWindow) {
     EXPECT_TRUE(w->log.empty());
     QApplication::processEvents();
     EXPECT_EQ(w->log.size(), 1u);
-
     w->PostMessage(kPing, 1, 0);
     delete w;  // the queued message must be dropped, not delivered to freed memory
     QApplication::processEvents();
@@ -116,13 +110,4 @@ TEST(CWnd, ParentsAndHostWidgets) {
     delete owner;
     EXPECT_EQ(orphan.GetSafeHwnd(), nullptr);
     EXPECT_EQ(orphan.SendMessage(kPing, 1, 0), 2);
-}
-
-TEST(CWnd, MainWindowRegistrationClearsWithTheWindow) {
-    {
-        BaseWindow main;
-        AfxSetMainWnd(&main);
-        EXPECT_EQ(AfxGetMainWnd(), &main);
-    }
-    EXPECT_EQ(AfxGetMainWnd(), nullptr);
 }

@@ -4,12 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QString>
+#include <QStringEncoder>
 #include <QTemporaryDir>
-#include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <string>
 
 #include "CKTTextFile.h"
@@ -58,12 +56,6 @@ protected:
 
 // The UTF-16 form of UTF-8 text, by Qt, with its byte order mark.
 inline std::string Utf16(const char* utf8, bool little) {
-    const QString text = QString::fromUtf8(utf8);
-    std::string out = little ? "\xFF\xFE" : "\xFE\xFF";
-    for (QChar c : text) {
-        const char low = char(c.unicode() & 0xFF), high = char(c.unicode() >> 8);
-        out += little ? low : high;
-        out += little ? high : low;
-    }
-    return out;
+    QStringEncoder encoder(little ? QStringEncoder::Utf16LE : QStringEncoder::Utf16BE, QStringEncoder::Flag::WriteBom);
+    return QByteArray(encoder(QString::fromUtf8(utf8))).toStdString();
 }
