@@ -79,17 +79,6 @@ TEST_F(AppWindowTest, ColoursComeFromTheTableOrTheSettingsByEditingMode) {
     EXPECT_EQ(window->GetBackgroundColor(), 0xFFFFFFu);
 }
 
-TEST_F(AppWindowTest, WithoutKeywordsOnlyTheTextColourActs) {
-    create(false);
-    EXPECT_EQ(window->GetBackgroundColor(), CKTScinWnd::SystemWindowColour());
-    const long keywordBefore = send(SCI_STYLEGETFORE, 5);
-    window->setForegroundColor(ColorKeyword, 0x0000AA);
-    EXPECT_EQ(send(SCI_STYLEGETFORE, 5), keywordBefore);
-    window->setForegroundColor(ColorText, 0x0000BB);
-    EXPECT_EQ(send(SCI_STYLEGETFORE, 0), 0x0000BB);
-    EXPECT_NE(send(SCI_STYLEGETFORE, 10), 0x0000BB);
-}
-
 TEST_F(AppWindowTest, FilePathsSplitAtTheLaterSeparator) {
     const std::pair<const char*, const char*> rows[] = {
         {"/home/me/q.sql", "/home/me/q.sql"}, {"C:\\a/b\\p.sql", "C:\\a/b/p.sql"}, {"plain.sql", "plain.sql"},
@@ -123,6 +112,7 @@ TEST_F(AppWindowTest, LineFlagsMarkTheCaretsLineOrALineCountedFromOne) {
 
 TEST_F(AppWindowTest, NotificationsOfTheOwnEngineAreRoutedAndTheClipboardIsUtf8) {
     create();
+    EXPECT_EQ(window->GetBackgroundColor(), CKTScinWnd::SystemWindowColour());  // no colour set
     window->SetText("x", 0);
     window->modifiedCalls = 0;
     QApplication::processEvents();

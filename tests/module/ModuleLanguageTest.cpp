@@ -83,9 +83,7 @@ TEST_F(ModuleLanguage, TheChosenLanguagesTranslationServesTheLibrarysStrings) {
     EXPECT_EQ(QCoreApplication::translate("Quillbox", "Cancel"), QString::fromUtf8("취소"));
     ReleaseSatellite();
     EXPECT_STREQ(LoadResourceString(8202), "Cannot transform text line end");
-}
-
-TEST_F(ModuleLanguage, AnUnknownLanguageWithALibraryTranslationFailsTheSecondStep) {
+    // A library translation under a language the system does not know fails the second step.
     addSatellites("xx-unknown", true);
     defineLanguage("xx-unknown");
     EXPECT_EQ(SelectModuleLanguage(), 0);

@@ -116,6 +116,7 @@ TEST_F(ReadWindowTest, ScrollRangeFollowsTheLongestLineAndNeverShrinks) {
     EXPECT_EQ(send(SCI_GETSCROLLWIDTH), wide);
 }
 
+// The viewer and the editor window share this path; the viewer reads the colours from its settings.
 TEST_F(ReadWindowTest, WithoutKeywordsOnlyTheTextColourActs) {
     {
         CKTRegistry key;
@@ -126,4 +127,5 @@ TEST_F(ReadWindowTest, WithoutKeywordsOnlyTheTextColourActs) {
     create(0);
     EXPECT_EQ(send(SCI_STYLEGETFORE, 0), 0x123456);
     EXPECT_NE(send(SCI_STYLEGETFORE, 5), 0x654321);
+    EXPECT_NE(send(SCI_STYLEGETFORE, 10), 0x123456);  // only the default style takes the text colour
 }

@@ -1,9 +1,9 @@
-// Comment commands with the markers of the shipped property file ("--", "-- " with the
-// option, and the box "/*", " *", "*/"): each one undo step.
+// Comment commands, run directly and from Ctrl+Minus and Ctrl+Shift+Minus, with the markers of
+// the shipped property file ("--", "-- " with the option, and the box "/*", " *", "*/"): each one undo step.
 #include "SqlWindow.h"
 
 TEST_F(SqlWindowTest, CommentCommandsMarkTheSelectedLines) {
-    enum Command { Uncomment, Comment, Box, UncommentBlank, CommentBlank };
+    enum Command { Uncomment, Comment, Box, UncommentBlank, CommentBlank, CtrlMinus, CtrlPadMinus, CtrlShiftMinus };
     // A row without a text works on the text the row before left.
     struct Row { const char* load; long anchor, caret; Command command; const char* expected; long selStart = -1, selEnd = -1; };
     const Row rows[] = {
@@ -19,14 +19,21 @@ TEST_F(SqlWindowTest, CommentCommandsMarkTheSelectedLines) {
         {"select 1\n", 0, 3, Box, "/* select 1 */\n"},
         {"a\nb\nc\nd\n", 0, 6, Box, "/* a\n * b\n * c\n*/\nd\n"},  // line 2 is the last
         {nullptr, 0, 12, Box, "/* a\n * b\n * c\n*/\nd\n"},  // a second run changes nothing
+        {"select 1\n", 0, 0, CtrlMinus, "--select 1\n"},
+        {nullptr, 0, 0, CtrlPadMinus, "----select 1\n"},
+        {nullptr, 0, 0, CtrlShiftMinus, "--select 1\n"},  // Shift turns the key into an underscore
     };
+    focus(*window);
     for (const Row& row : rows) {
         SCOPED_TRACE(row.expected);
         if (row.load) load(row.load);
         const CString before = text();
         select(row.anchor, row.caret);
-        window->blankAfterComment = row.command >= UncommentBlank;
+        window->blankAfterComment = row.command == UncommentBlank || row.command == CommentBlank;
         if (row.command == Box) window->StartBoxComment();
+        else if (row.command == CtrlMinus) key(Qt::Key_Minus, Qt::ControlModifier);
+        else if (row.command == CtrlPadMinus) key(Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
+        else if (row.command == CtrlShiftMinus) key(Qt::Key_Underscore, Qt::ControlModifier | Qt::ShiftModifier);
         else window->StartBlockComment(row.command == Comment || row.command == CommentBlank);
         EXPECT_EQ(text(), row.expected);
         if (row.selStart >= 0) { EXPECT_EQ(send(SCI_GETSELECTIONSTART), row.selStart); }
@@ -36,15 +43,4 @@ TEST_F(SqlWindowTest, CommentCommandsMarkTheSelectedLines) {
         EXPECT_EQ(text(), before);
         send(SCI_REDO);
     }
-}
-
-TEST_F(SqlWindowTest, CtrlMinusCommentsAndCtrlShiftMinusUncomments) {
-    focus(*window);
-    load("select 1\n");
-    key(Qt::Key_Minus, Qt::ControlModifier);
-    EXPECT_EQ(text(), "--select 1\n");
-    key(Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
-    EXPECT_EQ(text(), "----select 1\n");
-    key(Qt::Key_Underscore, Qt::ControlModifier | Qt::ShiftModifier);  // Shift turns the key into an underscore
-    EXPECT_EQ(text(), "--select 1\n");
 }

@@ -44,47 +44,38 @@ private:
 };
 }  // namespace
 
-TEST_F(SqlWindowTest, AnUnnamedWindowAsksWhereAndInWhichEncoding) {
+TEST_F(SqlWindowTest, AnUnnamedWindowAsksWhereAndInWhichEncodingAndAFailedSaveAsksAgain) {
     QTemporaryDir dir;
-    load("select '한' from t\n");
-    {
-        DialogScript cancel{QString()};
-        EXPECT_FALSE(window->Save(nullptr));
-        EXPECT_EQ(window->GetEncoding(), EncodingUndecided);
-        EXPECT_EQ(window->GetFilePath(), "");
+    // The dialog's answer: a file (none: Cancel) under a file type and a sub type.
+    struct Row { const char* text; const char* file; int fileType, subType; EM_TesselEncoding encoding; QByteArray saved; const char* message; };
+    const Row rows[] = {
+        {"select '한' from t\n", nullptr, 0, 0, EncodingUndecided, "<missing>", nullptr},
+        // Nothing the legacy code page can hold: the choice stays, the window stays unnamed.
+        {"emoji 😀\n", "e.sql", 0, 0, EncodingAnsi, "<missing>", "Failed to save file"},
+        {"select '한' from t\n", "korean.sql", 0, 0, EncodingAnsi, "select '\xc7\xd1' from t\r\n", nullptr},
+        {"select '한' from t\n", "new.sql", 1, 1, EncodingUnicode, "select '\xed\x95\x9c' from t\r\n", nullptr},  // "Unicode" under the second file type
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.text);
+        load(row.text);
+        window->SetFilePath("");
+        const QString path = row.file ? dir.filePath(row.file) : QString();
+        DialogScript script(path, row.fileType, row.subType);
+        EXPECT_EQ(window->Save(dir.path().toUtf8().constData()), row.saved != "<missing>");
+        EXPECT_EQ(script.shown, 1);
+        EXPECT_EQ(script.messages, row.message ? QStringList{row.message} : QStringList{});
+        EXPECT_EQ(window->GetEncoding(), row.encoding);
+        EXPECT_EQ(window->GetFilePath().toQString(), row.saved != "<missing>" ? path : QString());
+        EXPECT_EQ(readAll(path), row.saved);
     }
-    {
-        DialogScript ansi(dir.filePath("korean.sql"));
-        ASSERT_TRUE(window->Save(dir.path().toUtf8().constData()));
-        EXPECT_EQ(window->GetEncoding(), EncodingAnsi);
-        EXPECT_EQ(readAll(dir.filePath("korean.sql")), "select '\xc7\xd1' from t\r\n");
-    }
-    window->SetFilePath("");
-    DialogScript script(dir.filePath("new.sql"), 1, 1);  // "Unicode" under the second file type
-    ASSERT_TRUE(window->Save(nullptr));
-    EXPECT_EQ(window->GetEncoding(), EncodingUnicode);
-    EXPECT_EQ(window->GetFilePath().toQString(), dir.filePath("new.sql"));
-    EXPECT_EQ(readAll(dir.filePath("new.sql")), "select '\xed\x95\x9c' from t\r\n");
     EXPECT_EQ(send(SCI_GETMODIFY), 0);
-    // Named now: the next save writes at once.
+    // Named now: the next save writes at once, in the chosen encoding.
+    DialogScript cancel{QString()};
     send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>("x"));
     ASSERT_TRUE(window->Save(nullptr));
-    EXPECT_EQ(script.shown, 1);
+    EXPECT_EQ(cancel.shown, 0);
     EXPECT_EQ(readAll(dir.filePath("new.sql")), "select '\xed\x95\x9c' from t\r\nx");
-}
-
-TEST_F(SqlWindowTest, AFailedSaveSaysSoAndTheNextSaveAsksAgain) {
-    QTemporaryDir dir;
-    load("emoji 😀\n");  // nothing the legacy code page can hold
-    DialogScript script(dir.filePath("e.sql"));
-    EXPECT_FALSE(window->Save(nullptr));
-    EXPECT_EQ(script.messages, QStringList{"Failed to save file"});
-    EXPECT_EQ(window->GetEncoding(), EncodingAnsi);  // the choice stays
-    EXPECT_EQ(window->GetFilePath(), "");
-    EXPECT_FALSE(window->Save(nullptr));
-    EXPECT_EQ(script.shown, 2);
     // The proposed extension follows the last dot; a name without a folder still asks.
-    DialogScript cancel{QString()};
     for (auto [name, suffix] : {std::pair{"report.final.sql", "sql"}, {"noextension", ""}}) {
         window->SetFilePath(name);
         window->Save(nullptr);

@@ -10,7 +10,7 @@
 class TestSqlWindow : public CKTSQLEditWnd {
 public:
     using CKTSQLEditWnd::blankAfterComment, CKTSQLEditWnd::directFunction, CKTSQLEditWnd::directPointer,
-        CKTSQLEditWnd::SendEditor, CKTSQLEditWnd::setScriptLangCode, CKTSQLEditWnd::StartBlockComment,
+        CKTSQLEditWnd::SendEditor, CKTSQLEditWnd::StartBlockComment,
         CKTSQLEditWnd::StartBoxComment;
 };
 
