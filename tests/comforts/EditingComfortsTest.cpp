@@ -155,11 +155,8 @@ TEST_F(ComfortsTest, TheCurrentMatchStandsOutFromTheOtherOccurrencesInBothThemes
         // A pixel inside the match differs clearly from one inside another occurrence.
         const QImage shot = window->GetSafeHwnd()->grab().toImage();
         const QPoint origin = viewport()->mapTo(window->GetSafeHwnd(), QPoint(0, 0));
-        const long other = start == 0 ? 18 : 0;
-        const QColor inMatch = shot.pixelColor(origin + QPoint(int(send(SCI_POINTXFROMPOSITION, 0, start)) + 1,
-                                                               pointOf(start).y()));
-        const QColor inOther = shot.pixelColor(origin + QPoint(int(send(SCI_POINTXFROMPOSITION, 0, other)) + 1,
-                                                               pointOf(other).y()));
+        const QColor inMatch = shot.pixelColor(origin + pointOf(start)),
+                     inOther = shot.pixelColor(origin + pointOf(start == 0 ? 18 : 0));
         const int distance = std::abs(inMatch.red() - inOther.red()) + std::abs(inMatch.green() - inOther.green()) +
                              std::abs(inMatch.blue() - inOther.blue());
         EXPECT_GT(distance, 60) << "theme " << theme;
