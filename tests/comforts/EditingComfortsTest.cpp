@@ -37,8 +37,7 @@ public:
     }
     std::vector<Note> withCode(UINT code) const {
         std::vector<Note> found;
-        for (const Note& n : notes)
-            if (n.code == code) found.push_back(n);
+        std::copy_if(notes.begin(), notes.end(), std::back_inserter(found), [&](const Note& n) { return n.code == code; });
         return found;
     }
 };
@@ -102,15 +101,12 @@ TEST_F(ComfortsTest, ZoomKeysAndWheelZoomWithoutTypingAndTheLevelIsKept) {
     key(Qt::Key_Minus, kCtrl);
     EXPECT_EQ(send(SCI_GETZOOM), 1);
     EXPECT_NE(std::string(window->GetText().c_str()), "abc\n");  // commented
-    // A whole notch of the wheel is one step; parts of one add up.
-    wheel(*window, 120, kCtrl);
-    EXPECT_EQ(send(SCI_GETZOOM), 2);
-    wheel(*window, -60, kCtrl);
-    EXPECT_EQ(send(SCI_GETZOOM), 2);
-    wheel(*window, -60, kCtrl);
-    EXPECT_EQ(send(SCI_GETZOOM), 1);
-    wheel(*window, 120, Qt::NoModifier);  // a plain wheel scrolls
-    EXPECT_EQ(send(SCI_GETZOOM), 1);
+    // A whole notch of the wheel is one step; parts of one add up; a plain wheel scrolls.
+    for (auto [delta, modifiers, zoom] : {std::tuple{120, kCtrl, 2}, {-60, kCtrl, 2}, {-60, kCtrl, 1},
+                                          {120, Qt::KeyboardModifiers(Qt::NoModifier), 1}}) {
+        wheel(*window, delta, modifiers);
+        EXPECT_EQ(send(SCI_GETZOOM), zoom) << delta;
+    }
 
     // In the editor window Ctrl+minus is free, and a new window opens at the stored level.
     auto app = makeAppWindow();
@@ -159,11 +155,8 @@ TEST_F(ComfortsTest, TheCurrentMatchStandsOutFromTheOtherOccurrencesInBothThemes
         // A pixel inside the match differs clearly from one inside another occurrence.
         const QImage shot = window->GetSafeHwnd()->grab().toImage();
         const QPoint origin = viewport()->mapTo(window->GetSafeHwnd(), QPoint(0, 0));
-        const long other = start == 0 ? 18 : 0;
-        const QColor inMatch = shot.pixelColor(origin + QPoint(int(send(SCI_POINTXFROMPOSITION, 0, start)) + 1,
-                                                               pointOf(start).y()));
-        const QColor inOther = shot.pixelColor(origin + QPoint(int(send(SCI_POINTXFROMPOSITION, 0, other)) + 1,
-                                                               pointOf(other).y()));
+        const QColor inMatch = shot.pixelColor(origin + pointOf(start)),
+                     inOther = shot.pixelColor(origin + pointOf(start == 0 ? 18 : 0));
         const int distance = std::abs(inMatch.red() - inOther.red()) + std::abs(inMatch.green() - inOther.green()) +
                              std::abs(inMatch.blue() - inOther.blue());
         EXPECT_GT(distance, 60) << "theme " << theme;
@@ -184,10 +177,9 @@ TEST_F(ComfortsTest, SeveralCaretsTypeDeletePasteAndEscapeBackToOne) {
     EXPECT_EQ(window->GetText(), "axbc\ndxef\ngxhi\n");
     key(Qt::Key_Backspace);
     key(Qt::Key_Delete);
-    EXPECT_EQ(window->GetText(), "ac\ndf\ngi\n");
     QApplication::clipboard()->setText("--");
     key(Qt::Key_V, kCtrl);
-    EXPECT_EQ(window->GetText(), "a--c\nd--f\ng--i\n");
+    EXPECT_EQ(window->GetText(), "a--c\nd--f\ng--i\n");  // one deleted before and after each caret
     key(Qt::Key_Escape);
     EXPECT_EQ(send(SCI_GETSELECTIONS), 1);
 
@@ -231,11 +223,9 @@ TEST_F(ComfortsTest, CtrlEnterSendsTheStatementAtTheCaretToTheParent) {
         const auto notes = frame->withCode(SCN_RUNSTATEMENT_EXT);
         ASSERT_EQ(notes.size(), 1u);
         EXPECT_EQ(notes[0].text, c.text);
-        EXPECT_EQ(notes[0].position, c.start);
-        EXPECT_EQ(notes[0].position + notes[0].length, c.end);
-        const Sci_CharacterRange range = window->GetCurrentQueryRange();
-        EXPECT_EQ(range.cpMin, c.start);
-        EXPECT_EQ(range.cpMax, c.end);
+        const Sci_CharacterRange range = window->GetCurrentQueryRange();  // what the parent hears, too
+        EXPECT_EQ(std::pair(range.cpMin, range.cpMax), std::pair(notes[0].position, notes[0].position + notes[0].length));
+        EXPECT_EQ(std::pair(range.cpMin, range.cpMax), std::pair(c.start, c.end));
     }
     EXPECT_EQ(send(SCI_GETLINECOUNT), 8);  // no line break was typed
     // The plain editor window has no such hook: the key does nothing there.
@@ -304,9 +294,10 @@ TEST_F(ComfortsTest, TheDarkThemeKeepsContrastAndTheUsersColoursWin) {
         if (style == 5 || style == STYLE_LINENUMBER) continue;
         EXPECT_GE(ContrastRatio(COLORREF(send(SCI_STYLEGETFORE, WPARAM(style))), background), 4.5) << style;
     }
-    EXPECT_GE(ContrastRatio(COLORREF(send(SCI_STYLEGETFORE, STYLE_LINENUMBER)),
-                            COLORREF(send(SCI_STYLEGETBACK, STYLE_LINENUMBER))), 4.5);
-    EXPECT_GE(ContrastRatio(COLORREF(send(SCI_STYLEGETFORE, 0)), dark.selectionBack), 4.5);
+    for (auto [fore, back] : {std::pair{COLORREF(send(SCI_STYLEGETFORE, STYLE_LINENUMBER)),
+                                        COLORREF(send(SCI_STYLEGETBACK, STYLE_LINENUMBER))},
+                              {COLORREF(send(SCI_STYLEGETFORE, 0)), dark.selectionBack}})
+        EXPECT_GE(ContrastRatio(fore, back), 4.5);
     EXPECT_EQ(send(SCI_GETCARETFORE), long(dark.caret));
     EXPECT_EQ(send(SCI_INDICGETFORE, 30), long(dark.currentMatch));
     EXPECT_EQ(send(SCI_MARKERSYMBOLDEFINED, SC_MARKNUM_FOLDER), SC_MARK_BOXPLUS);

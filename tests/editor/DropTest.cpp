@@ -12,6 +12,11 @@ protected:
         data->setData(ClipboardFormatMimeType(RegisterClipboardFormat("Tessel_OLEFormat")), QByteArray(text));
         return data;
     }
+    static QMimeData* plainDrop(const char* text) {
+        auto* data = new QMimeData;
+        data->setText(text);
+        return data;
+    }
     // The point in the text area where position `pos` is drawn.
     QPoint pointOf(long pos) {
         return QPoint(int(send(SCI_POINTXFROMPOSITION, 0, pos)) + 1, int(send(SCI_POINTYFROMPOSITION, 0, pos)) + 2);
@@ -44,33 +49,23 @@ TEST_F(DropTest, PrivateTextLandsUnderTheMouseSelectedAndUndoable) {
     EXPECT_EQ(text(), "select  from t;\nsecond line\n");
 }
 
-TEST_F(DropTest, TheMouseDecidesNotTheRecordsPoint) {
-    load("0123456789");
-    std::unique_ptr<QMimeData> data(privateDrop("X"));
-    SetDropCursorPos(editor->engine()->viewport()->mapToGlobal(pointOf(3)));
-    EXPECT_EQ(dropMessage(data.get(), 9999, 9999), 1);  // the point the message claims is not the mouse's
-    SetDropCursorPos(std::nullopt);
-    EXPECT_EQ(text(), "012X3456789");
-}
-
-TEST_F(DropTest, PlainTextIsNotThePrivateFormatButTheEngineStillTakesIt) {
-    load("abc");
-    auto* plain = new QMimeData;
-    plain->setText("zz");
-    EXPECT_EQ(dropMessage(plain), 0);
-    EXPECT_EQ(text(), "abc");
-    EXPECT_TRUE(drop(plain, pointOf(1)));  // the user's plain drop: the engine inserts it
-    EXPECT_EQ(text(), "azzbc");
-}
-
-TEST_F(DropTest, AReadOnlyEditorTakesEveryDropAndChangesNothing) {
-    load("abc");
-    send(SCI_SETREADONLY, 1);
-    std::unique_ptr<QMimeData> data(privateDrop("zz"));
-    EXPECT_EQ(dropMessage(data.get()), 1);
-    EXPECT_EQ(text(), "abc");
+TEST_F(DropTest, TheDropMessageTakesPrivateTextAtTheMouseAndRefusesPlainText) {
+    // {read-only, private (else plain) text, answer, text after}; the record's point is not the mouse's.
+    for (auto [readOnly, isPrivate, answer, after] : {std::tuple{false, true, 1L, "aXbc"}, {false, false, 0L, "abc"},
+                                                       {true, true, 1L, "abc"}}) {  // read-only: taken, no change
+        load("abc");
+        send(SCI_SETREADONLY, readOnly);
+        std::unique_ptr<QMimeData> data(isPrivate ? privateDrop("X") : plainDrop("zz"));
+        SetDropCursorPos(editor->engine()->viewport()->mapToGlobal(pointOf(1)));
+        EXPECT_EQ(dropMessage(data.get(), 9999, 9999), answer);
+        SetDropCursorPos(std::nullopt);
+        EXPECT_EQ(text(), after);
+    }
     EXPECT_EQ(editor->SendMessage(0x4FF, 0, 0), 0);  // no record: nothing to drop
     POINT p{int(send(SCI_POINTXFROMPOSITION, 0, 1)), int(send(SCI_POINTYFROMPOSITION, 0, 1)) + 2};
     editor->DropText(&p, "zz");
     EXPECT_EQ(text(), "abc");
+    send(SCI_SETREADONLY, 0);
+    EXPECT_TRUE(drop(plainDrop("zz"), pointOf(1)));  // the user's plain drop: the engine inserts it
+    EXPECT_EQ(text(), "azzbc");
 }

@@ -21,22 +21,16 @@ TEST(CaseModes, WorkOnWholeUtf8Characters) {
 TEST_F(EditorTest, CaseModesChangeTheSelectionAsOneUndoStep) {
     load("say hELLO wörld now");
     send(SCI_SETSEL, 4, 16);  // "hELLO wörld" (ö is two bytes)
-    send(SCI_UPPERCASE, SCI_CASE_CAPITALISE);
-    EXPECT_EQ(text(), "say Hello Wörld now");
-    expectSends({{SCI_GETSELECTIONSTART, 0, 4}, {SCI_GETSELECTIONEND, 0, 16}});
-    expectSteps({{[&] { send(SCI_UPPERCASE, SCI_CASE_INVERT); }, "say hELLO wÖRLD now"},
+    expectSteps({{[&] { send(SCI_UPPERCASE, SCI_CASE_CAPITALISE); }, "say Hello Wörld now"},
+                 {[&] { expectSends({{SCI_GETSELECTIONSTART, 0, 4}, {SCI_GETSELECTIONEND, 0, 16}}); }, "say Hello Wörld now"},
+                 {[&] { send(SCI_UPPERCASE, SCI_CASE_INVERT); }, "say hELLO wÖRLD now"},
                  {[&] { send(SCI_UNDO); }, "say Hello Wörld now"},
                  {[&] { send(SCI_SETSEL, 4, 16), send(SCI_UPPERCASE, SCI_CASE_UPPER); }, "say HELLO WÖRLD now"},
                  {[&] { send(SCI_LOWERCASE); }, "say hello wörld now"}});
     load("x straße y");  // a change of byte length keeps the whole changed text selected
-    send(SCI_SETSEL, 2, 9);
-    send(SCI_UPPERCASE, SCI_CASE_INVERT);
-    EXPECT_EQ(text(), "x STRASSE y");
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 9);
-    send(SCI_SETSEL, 9, 2);  // a backward selection stays backward
-    send(SCI_UPPERCASE, SCI_CASE_SENTENCE);
-    EXPECT_EQ(text(), "x Strasse y");
-    expectSends({{SCI_GETANCHOR, 0, 9}, {SCI_GETCURRENTPOS, 0, 2}});
+    expectSteps({{[&] { send(SCI_SETSEL, 2, 9), send(SCI_UPPERCASE, SCI_CASE_INVERT); }, "x STRASSE y"},
+                 {[&] { send(SCI_SETSEL, 9, 2), send(SCI_UPPERCASE, SCI_CASE_SENTENCE); }, "x Strasse y"}});
+    expectSends({{SCI_GETANCHOR, 0, 9}, {SCI_GETCURRENTPOS, 0, 2}});  // a backward selection stays backward
     send(SCI_SETREADONLY, 1);
     send(SCI_SETSEL, 0, 11);
     send(SCI_UPPERCASE, SCI_CASE_INVERT);
@@ -51,11 +45,7 @@ TEST_F(EditorTest, TypedCharactersCarryTheirUtf8Bytes) {
     const std::vector<size_t> added = notified(SCN_CHARADDED);
     ASSERT_EQ(added.size(), 2u);
     const SCNotification &a = editor->notifications[added[0]], &han = editor->notifications[added[1]];
-    EXPECT_EQ(a.ch, 'a');
-    EXPECT_EQ(a.ch2, 0);
-    EXPECT_EQ(han.ch, 0xED);  // U+D55C in UTF-8 is ED 95 9C
-    EXPECT_EQ(han.ch2, 0x95);
-    EXPECT_EQ(han.ch3, 0x9C);
+    EXPECT_EQ(std::tuple(a.ch, a.ch2, han.ch, han.ch2, han.ch3), std::tuple('a', 0, 0xED, 0x95, 0x9C));  // U+D55C
     EXPECT_EQ(text(), "a한");
 }
 
@@ -197,17 +187,19 @@ TEST_F(EditorTest, AssistiveTechnologyHearsOffsetsThatCostTheSameInAnyDocument) 
     EXPECT_EQ(text->characterCount(), all.size());
     EXPECT_EQ(text->text(8, 14), QString::fromUtf8("한글 \xF0\x9F\x98\x80 "));
     text->setSelection(0, 8, 14);
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), 8);
-    EXPECT_EQ(send(SCI_GETSELECTIONEND), 8 + 6 + 1 + 4 + 1);
+    expectSends({{SCI_GETSELECTIONSTART, 0, 8}, {SCI_GETSELECTIONEND, 0, 8 + 6 + 1 + 4 + 1}});
     int start = -1, end = -1;
     text->selection(0, &start, &end);
-    EXPECT_TRUE(start == 8 && end == 14);
+    EXPECT_EQ(std::pair(start, end), std::pair(8, 14));
     EXPECT_EQ(text->textAtOffset(9, QAccessible::WordBoundary, &start, &end), QString::fromUtf8("한글"));
-    EXPECT_TRUE(start == 8 && end == 10);
-    EXPECT_EQ(text->textAtOffset(all.indexOf("second") + 2, QAccessible::LineBoundary, &start, &end), "second line\n");
-    EXPECT_EQ(text->textAfterOffset(0, QAccessible::LineBoundary, &start, &end), "second line\n");
-    EXPECT_EQ(text->textBeforeOffset(all.indexOf("second"), QAccessible::LineBoundary, &start, &end),
-              all.left(all.indexOf("second")));
+    EXPECT_EQ(std::pair(start, end), std::pair(8, 10));
+    const int second = int(all.indexOf("second"));
+    for (auto [got, expected] : {std::pair{text->textAtOffset(second + 2, QAccessible::LineBoundary, &start, &end),
+                                           QString("second line\n")},
+                                 {text->textAfterOffset(0, QAccessible::LineBoundary, &start, &end), "second line\n"},
+                                 {text->textBeforeOffset(second, QAccessible::LineBoundary, &start, &end),
+                                  all.left(second)}})
+        EXPECT_EQ(got, expected);
     accessible->editableTextInterface()->replaceText(8, 10, "ab");
     EXPECT_EQ(text->text(0, 11), "select 'ab ");
     send(SCI_SETREADONLY, 1);

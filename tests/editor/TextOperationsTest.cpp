@@ -7,60 +7,59 @@
 
 #include "EditorFixture.h"
 
-TEST_F(EditorTest, SetTextDecidesUndoAndSavePoint) {
-    load("old");
-    editor->SetText("new text\n", 0);
-    EXPECT_EQ(text(), "new text\n");
-    expectSends({{SCI_CANUNDO, 0, 0}, {SCI_GETMODIFY, 0, 0}});
-    editor->SetText("kept\n", 1);
-    expectSends({{SCI_CANUNDO, 0, 1}, {SCI_GETMODIFY, 0, 1}});
-    send(SCI_UNDO);
-    EXPECT_EQ(text(), "new text\n");
-    editor->SetText("", 0);  // an empty text keeps the document
-    EXPECT_EQ(text(), "new text\n");
-}
-
-TEST_F(EditorTest, SetTextTakesTheFocusUnlessTold) {
+TEST_F(EditorTest, SetTextDecidesUndoSavePointAndFocus) {
     QLineEdit other(frame->GetSafeHwnd());
     other.show();
     frame->GetSafeHwnd()->activateWindow();
     other.setFocus();
     QApplication::processEvents();
-    ASSERT_TRUE(other.hasFocus());
+    load("old");
     editor->noFocusOnSetText = 1;
-    editor->SetText("x", 0);
+    editor->SetText("new text\n", 0);
     EXPECT_FALSE(editor->GetSafeHwnd()->hasFocus());
+    expectSends({{SCI_CANUNDO, 0, 0}, {SCI_GETMODIFY, 0, 0}});
     editor->noFocusOnSetText = 0;
-    editor->SetText("", 0);
+    editor->SetText("kept\n", 1);
     QApplication::processEvents();
     EXPECT_TRUE(editor->GetSafeHwnd()->hasFocus());
+    expectSends({{SCI_CANUNDO, 0, 1}, {SCI_GETMODIFY, 0, 1}});
+    expectSteps({{[&] { send(SCI_UNDO); }, "new text\n"}, {[&] { editor->SetText("", 0); }, "new text\n"}});  // kept
 }
 
-TEST_F(EditorTest, InsertAddAppendAndReplace) {
-    load("l0\nl1\nl2\n");
-    send(SCI_GOTOPOS, 4);                        // on line 1
-    editor->InsertText(CPoint(0, -1), "X\r\n");  // the line after the caret's
-    EXPECT_EQ(text(), "l0\nl1\nX\nl2\n");
-    EXPECT_EQ(send(SCI_GETCURRENTPOS), 4);  // the caret does not follow
-    expectSteps({{[&] { editor->InsertText(CPoint(1, 0), "-"); }, "l-0\nl1\nX\nl2\n"},
-                 {[&] { editor->InsertText(CPoint(0, 0), ""), send(SCI_UNDO); }, "l0\nl1\nX\nl2\n"}});
-    load("ab");
-    send(SCI_GOTOPOS, 1);
-    editor->AddText("1\r2");
-    EXPECT_EQ(text(), "a1\n2b");
-    EXPECT_EQ(send(SCI_GETCURRENTPOS), 4);
-    editor->AppendText("\r\nend");
-    EXPECT_EQ(text(), "a1\n2b\nend");
-    EXPECT_EQ(send(SCI_GETCURRENTPOS), 4);
-    expectSteps({{[&] { send(SCI_SETSEL, 0, 2), editor->ReplaceSelection("Z\r\n", 0); }, "Z\n\n2b\nend"},
-                 {[&] { send(SCI_SETSEL, 0, 1), editor->PasteText("pp"); }, "pp\n\n2b\nend"}});
+TEST_F(EditorTest, InsertAddAppendReplaceAndDelete) {
+    // Each step with the text and caret after it; line ends become the document's.
+    struct Step { std::function<void()> action; const char* text; long caret; };
+    const Step steps[] = {
+        {[&] { load("l0\nl1\nl2\n"), send(SCI_GOTOPOS, 4); }, "l0\nl1\nl2\n", 4},
+        {[&] { editor->InsertText(CPoint(0, -1), "X\r\n"); }, "l0\nl1\nX\nl2\n", 4},  // after the caret's line
+        {[&] { editor->InsertText(CPoint(1, 0), "-"); }, "l-0\nl1\nX\nl2\n", -1},
+        {[&] { editor->InsertText(CPoint(0, 0), ""), send(SCI_UNDO); }, "l0\nl1\nX\nl2\n", -1},
+        {[&] { load("ab"), send(SCI_GOTOPOS, 1), editor->AddText("1\r2"); }, "a1\n2b", 4},
+        {[&] { editor->AppendText("\r\nend"); }, "a1\n2b\nend", 4},
+        {[&] { send(SCI_SETSEL, 0, 2), editor->ReplaceSelection("Z\r\n", 0); }, "Z\n\n2b\nend", -1},
+        {[&] { send(SCI_SETSEL, 0, 1), editor->PasteText("pp"); }, "pp\n\n2b\nend", -1},
+        {[&] { load("a\nbb\nccc\ndddd\n"), editor->ClearLines(1, 2); }, "a\n\ndddd\n", -1},
+        {[&] { editor->DeleteLines(0, 1); }, "\ndddd\n", -1},
+        {[&] { EXPECT_EQ(editor->DeleteSection(5, 1), 4); }, "\n\n", -1},  // reversed: the same bytes
+        {[&] { EXPECT_EQ(editor->DeleteSection(-5, 1000), 2); }, "", -1},  // clamped to the document
+    };
+    for (const Step& step : steps) {
+        step.action();
+        EXPECT_EQ(text(), step.text);
+        if (step.caret >= 0) { EXPECT_EQ(send(SCI_GETCURRENTPOS), step.caret) << step.text; }
+    }
+    EXPECT_EQ(editor->IsEmpty(), 1);
+    for (auto [clear, undoable] : {std::pair{&CScintillaWnd::ClearContent, 1}, {&CScintillaWnd::Empty, 0}}) {
+        load("gone");
+        (editor.get()->*clear)();
+        EXPECT_EQ(send(SCI_CANUNDO), undoable);
+    }
 }
 
 TEST_F(EditorTest, AppendWithLimitTrimsTheFrontOrReplaces) {
     std::string lines;
     for (int i = 0; i < 94; ++i) lines += "line" + std::to_string(i) + "\n";
     load(lines.c_str());  // 95 lines, the last empty
-    ASSERT_EQ(editor->GetLineCount(), 95);
     editor->AppendTextWithLimit("tail", 100, 10, false);  // 105 > 100: trim to line 5's end, keep its EOL
     EXPECT_EQ(editor->GetLineChars(0), "\n");
     EXPECT_EQ(editor->GetLineChars(1), "line6\n");
@@ -74,74 +73,42 @@ TEST_F(EditorTest, AppendWithLimitTrimsTheFrontOrReplaces) {
     }
 }
 
-TEST_F(EditorTest, ReadingRangesLinesAndCharacters) {
+TEST_F(EditorTest, ReadingBySelectionsPointsAndLines) {
     load("first\nsecond line\nthird");
-    EXPECT_EQ(editor->GetChar(0), 0);
-    EXPECT_EQ(editor->GetChar(1), 'f');
-    EXPECT_EQ(editor->GetText(CPoint(1, 1), CPoint(6, 1)), "econd");
-    EXPECT_EQ(editor->GetText(CPoint(2, 0), CPoint(2, 0)), "");
-    EXPECT_EQ(editor->GetLineChars(1), "second line\n");
-    EXPECT_EQ(editor->GetLineChars(2), "third");
-    EXPECT_EQ(editor->GetLineChars(99), "");
     char out[32];
     editor->GetRange(3, 9, out);
     EXPECT_STREQ(out, "st\nsec");
-    EXPECT_EQ(editor->GetLineLength(1, true), 12);
-    EXPECT_EQ(editor->GetLineLength(1, false), 11);
-    EXPECT_EQ(editor->GetLineLength(2, false), 4);  // no line end, yet one is subtracted
-    EXPECT_EQ(editor->LengthDocument(), 23);
-    EXPECT_EQ(editor->IsEmpty(), 0);
-}
+    EXPECT_EQ(std::string({editor->GetChar(0), editor->GetChar(1)}), std::string("\0f", 2));  // the byte before
+    for (auto [got, expected] : {std::pair{editor->GetText(CPoint(1, 1), CPoint(6, 1)), "econd"},
+                                 {editor->GetText(CPoint(2, 0), CPoint(2, 0)), ""},
+                                 {editor->GetLineChars(1), "second line\n"}, {editor->GetLineChars(2), "third"},
+                                 {editor->GetLineChars(99), ""}})
+        EXPECT_EQ(got, expected);
+    // With or without the line end; the last line has none, yet one is subtracted.
+    EXPECT_EQ(std::tuple(editor->GetLineLength(1, true), editor->GetLineLength(1, false), editor->GetLineLength(2, false)),
+              std::tuple(12, 11, 4));
 
-TEST_F(EditorTest, SelectionAsPositionsAndPlaces) {
     load("alpha beta\ngamma_1 delta");
     editor->SetSelection(CPoint(2, 0), CPoint(3, 1));
     EXPECT_EQ(editor->GetSelectionText(), "pha beta\ngam");
-    EXPECT_EQ(editor->IsSelection(), 1);
     CPoint from, to;
     editor->GetSelection(from, to);
-    EXPECT_EQ(from, CPoint(2, 0));
-    EXPECT_EQ(to, CPoint(3, 1));
-    Sci_CharacterRange r = editor->GetSelection();
-    EXPECT_EQ(r.cpMin, 2);
-    EXPECT_EQ(r.cpMax, 14);
+    EXPECT_EQ(std::pair(from, to), std::pair(CPoint(2, 0), CPoint(3, 1)));
+    EXPECT_EQ(std::pair(editor->GetSelection().cpMin, editor->GetSelection().cpMax), std::pair(2L, 14L));
     send(SCI_GOTOPOS, 13);
-    r = editor->SelectWordFromCurrentPos();
+    editor->SelectWordFromCurrentPos();
     EXPECT_EQ(editor->GetSelectionText(), "gamma_1");
     send(SCI_GOTOPOS, 10);  // on the line end: no word to the right, "beta" to the left
     EXPECT_EQ(editor->SelectWordFromCurrentPos().cpMin, 6);
 }
 
-TEST_F(EditorTest, ClearingAndDeleting) {
-    load("a\nbb\nccc\ndddd\n");
-    editor->ClearLines(1, 2);
-    EXPECT_EQ(text(), "a\n\ndddd\n");
-    EXPECT_EQ(send(SCI_GETSELECTIONSTART), send(SCI_GETSELECTIONEND));
-    editor->DeleteLines(0, 1);
-    EXPECT_EQ(text(), "\ndddd\n");
-    EXPECT_EQ(editor->DeleteSection(5, 1), 4);  // a reversed range deletes the same bytes
-    EXPECT_EQ(text(), "\n\n");
-    EXPECT_EQ(editor->DeleteSection(-5, 1000), 2);  // clamped to the document
-    EXPECT_EQ(editor->IsEmpty(), 1);
-    load("keep");
-    editor->ClearContent();
-    EXPECT_EQ(send(SCI_CANUNDO), 1);
-    load("gone");
-    editor->Empty();
-    EXPECT_EQ(send(SCI_CANUNDO), 0);
-}
-
-TEST_F(EditorTest, UndoFlagsAndClipboard) {
+TEST_F(EditorTest, UndoCollectionAndClipboard) {
     load("x");
     send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>("y"));
-    EXPECT_EQ(send(SCI_GETMODIFY), 1);
-    editor->SetModified();
+    editor->SetUndoCollection(1);  // on: from a save point
     EXPECT_EQ(send(SCI_GETMODIFY), 0);
-    EXPECT_EQ(editor->SetUndoCollection(0), 0);
+    editor->SetUndoCollection(0);  // off: the history goes
     EXPECT_EQ(send(SCI_CANUNDO), 0);
-    editor->SetUndoCollection(1);
-    EXPECT_EQ(editor->SetEmptyUndoCollection(), 1);
-    EXPECT_EQ(editor->GetSelectedText(), "");
     QGuiApplication::clipboard()->clear();
     editor->PutToClipboard("copied 한글");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QString::fromUtf8("copied 한글"));

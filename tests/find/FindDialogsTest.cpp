@@ -17,6 +17,13 @@ QComboBox* comboOf(CDialog* dialog, int id) { return qobject_cast<QComboBox*>(di
 std::string status(CEditReplaceDlg* dialog) {
     return qobject_cast<QLabel*>(dialog->GetDlgItem(CEditReplaceDlg::IDC_STATUS))->text().toStdString();
 }
+// Loads `content`, selects [from, to) and opens the replace dialog on it.
+CEditReplaceDlg* openReplace(FindEditor& editor, const char* content, long from, long to) {
+    editor.SetText(content, 0);
+    editor.SendEditor(SCI_SETSEL, WPARAM(from), to);
+    editor.Replace();
+    return editor.GetReplaceDialog();
+}
 void activate(CDialog* dialog) {
     dialog->dialog()->activateWindow();
     QApplication::setActiveWindow(dialog->dialog());
@@ -114,10 +121,7 @@ TEST_F(FindTest, ReplaceScopeFollowsTheSelectionAndLongTextsAreCut) {
 }
 
 TEST_F(FindTest, ReplaceCountsWithinOneShowing) {
-    load("x x x x x");
-    select(0, 1);
-    editor->Replace();
-    CEditReplaceDlg* dialog = editor->GetReplaceDialog();
+    CEditReplaceDlg* dialog = openReplace(*editor, "x x x x x", 0, 1);
     comboOf(dialog, CEditReplaceDlg::IDC_REPLACE_TEXT)->setEditText("y");
     for (auto [id, expected] : {std::pair{int(CEditReplaceDlg::IDC_REPLACE), "1 Item Replaced"},
                                 {int(CEditReplaceDlg::IDC_REPLACE), "2 Items Replaced"}, {int(IDCANCEL), ""}}) {
@@ -143,9 +147,7 @@ TEST_F(FindTest, ReplaceCountsWithinOneShowing) {
 }
 
 TEST_F(FindTest, ReplaceWithEmptyFindTextOnlyHandsOverTheReplacement) {
-    load("abc");
-    editor->Replace();
-    CEditReplaceDlg* dialog = editor->GetReplaceDialog();
+    CEditReplaceDlg* dialog = openReplace(*editor, "abc", 0, 0);
     comboOf(dialog, CEditReplaceDlg::IDC_FIND_TEXT)->setEditText("");
     dialog->OnFindTextChange();
     EXPECT_FALSE(button(dialog, CEditReplaceDlg::IDC_FIND_NEXT)->isEnabled());
@@ -160,10 +162,7 @@ TEST_F(FindTest, ReplaceWithEmptyFindTextOnlyHandsOverTheReplacement) {
 }
 
 TEST_F(FindTest, EnterFindsWhileFindNextIsTheDefaultAndReplacesOtherwise) {
-    load("k k k");
-    select(0, 1);
-    editor->Replace();
-    CEditReplaceDlg* dialog = editor->GetReplaceDialog();
+    CEditReplaceDlg* dialog = openReplace(*editor, "k k k", 0, 1);
     activate(dialog);
     comboOf(dialog, CEditReplaceDlg::IDC_REPLACE_TEXT)->setEditText("m");
     QLineEdit* findEdit = comboOf(dialog, CEditReplaceDlg::IDC_FIND_TEXT)->lineEdit();

@@ -79,50 +79,30 @@ TEST_F(FindTest, LineEndEscapesTurnAnExpressionIntoPlainDecodedText) {
 }
 
 TEST_F(FindTest, PlayReplaceComparesWithoutCaseAndOtherwiseSearches) {
-    load("Foo foo bar");
     editor->Replace();  // the replace buttons come from the dialog
-    search("foo", "X");
-    editor->matchCase = 1;
-    select(0, 3);  // "Foo"
-    EXPECT_TRUE(editor->PlayReplace());
-    EXPECT_EQ(text(), "X foo bar");
-    EXPECT_EQ(selected(), "foo");  // the next match is chosen
-    EXPECT_TRUE(editor->PlayReplace());
-    EXPECT_EQ(text(), "X X bar");
-
-    select(4, 7);  // "bar" is no match: nothing changes, the search moves on
-    EXPECT_FALSE(editor->PlayReplace());
-    EXPECT_EQ(text(), "X X bar");
-    EXPECT_EQ(messages.size(), 2u);  // no "foo" is left, after either button
-
-    load("key=value");  // an expression's replacement uses the groups of its own search
-    search("\\([a-z]+\\)=\\([a-z]+\\)", "\\2=\\1", 1, 1);
-    select(0, 9);
-    EXPECT_TRUE(editor->PlayReplace());
-    EXPECT_EQ(text(), "value=key");
-
-    // Case is that of every letter, not of ASCII alone; a letter that is no other case still differs.
-    search("äpfel", "X");
-    editor->matchCase = 0;
-    load("ÄPFEL Öpfel äpfel");
-    select(0, 6);  // "ÄPFEL"
-    EXPECT_TRUE(editor->PlayReplace());
-    EXPECT_EQ(text(), "X Öpfel äpfel");
-    EXPECT_EQ(selected(), "äpfel");
-    select(2, 8);  // "Öpfel"
-    EXPECT_FALSE(editor->PlayReplace());
-    EXPECT_EQ(text(), "X Öpfel äpfel");
-    EXPECT_EQ(selected(), "äpfel");  // the search moved on to the match
-
-    editor->matchCase = 1;  // bytes that are no UTF-8 character must agree exactly
-    editor->findText = "\xfe";
-    load("\xff \xfe");
-    select(0, 1);
-    EXPECT_FALSE(editor->PlayReplace());
-    EXPECT_EQ(text(), "\xff \xfe");
-    EXPECT_EQ(editor->GetSelectionStart(), 2);  // moved on to the real match
-    EXPECT_TRUE(editor->PlayReplace());
-    EXPECT_EQ(text(), "\xff X");
+    // {text (nullptr: keep), find, replacement, expression, match case, selection (-1: keep), replaced, text, selected}
+    struct Case { const char* content; const char* find; const char* replace; int regExp, matchCase; long from, to;
+                  bool replaced; const char* text; const char* selected; };
+    const Case cases[] = {
+        {"Foo foo bar", "foo", "X", 0, 1, 0, 3, true, "X foo bar", "foo"},  // the next match is chosen
+        {nullptr, "foo", "X", 0, 1, -1, -1, true, "X X bar", nullptr},
+        {nullptr, "foo", "X", 0, 1, 4, 7, false, "X X bar", nullptr},  // no match: the search moves on
+        {"key=value", "\\([a-z]+\\)=\\([a-z]+\\)", "\\2=\\1", 1, 1, 0, 9, true, "value=key", nullptr},  // own groups
+        // Case is that of every letter, not of ASCII alone; a letter that is no other case still differs.
+        {"ÄPFEL Öpfel äpfel", "äpfel", "X", 0, 0, 0, 6, true, "X Öpfel äpfel", "äpfel"},
+        {nullptr, "äpfel", "X", 0, 0, 2, 8, false, "X Öpfel äpfel", "äpfel"},
+        {"\xff \xfe", "\xfe", "X", 0, 1, 0, 1, false, "\xff \xfe", "\xfe"},  // no UTF-8: bytes agree exactly
+        {nullptr, "\xfe", "X", 0, 1, -1, -1, true, "\xff X", nullptr}};
+    for (const Case& c : cases) {
+        if (c.content) load(c.content);
+        search(c.find, c.replace, c.regExp, c.regExp);
+        editor->matchCase = c.matchCase;
+        if (c.from >= 0) select(c.from, c.to);
+        EXPECT_EQ(editor->PlayReplace(), c.replaced) << c.text;
+        EXPECT_EQ(text(), c.text);
+        if (c.selected) { EXPECT_EQ(selected(), c.selected) << c.text; }
+    }
+    EXPECT_EQ(messages.size(), 3u);  // no "foo" is left after either button, nor a second 0xFE byte
 }
 
 TEST_F(FindTest, ReplaceAllIsOneUndoStepCountsEmptyMatchesAndReportsMisses) {

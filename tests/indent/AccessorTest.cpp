@@ -76,17 +76,18 @@ TEST_F(AccessorTest, StylesAreBatchedUntilFlushAndLargeSegmentsGoStraightThrough
 TEST_F(AccessorTest, IndentAmountCountsColumnsAndReportsItsKinds) {
     load("x\n    a\n \tb\n\tc\n   \n        -- c");
     WindowAccessor acc(editor.get(), props);
-    int flags = -1;
-    EXPECT_EQ(acc.IndentAmount(1, &flags), SC_FOLDLEVELBASE + 4);
-    EXPECT_EQ(flags, Accessor::wsSpace);
-    EXPECT_EQ(acc.IndentAmount(2, &flags), SC_FOLDLEVELBASE + 8);  // the tab goes to column 8
-    EXPECT_EQ(flags, Accessor::wsSpace | Accessor::wsTab | Accessor::wsSpaceTab | Accessor::wsInconsistent);
-    EXPECT_EQ(acc.IndentAmount(3, &flags), SC_FOLDLEVELBASE + 8);
-    EXPECT_EQ(flags, Accessor::wsTab | Accessor::wsInconsistent);
-    EXPECT_EQ(acc.IndentAmount(4, &flags), (SC_FOLDLEVELBASE + 3) | SC_FOLDLEVELWHITEFLAG);
-    auto isComment = [](Accessor& a, int pos, int len) { return len >= 2 && a.Match(pos, "--"); };
-    EXPECT_EQ(acc.IndentAmount(5, &flags), SC_FOLDLEVELBASE + 8);
-    EXPECT_EQ(acc.IndentAmount(5, &flags, isComment), (SC_FOLDLEVELBASE + 8) | SC_FOLDLEVELWHITEFLAG);
+    bool (*isComment)(Accessor&, int, int) = [](Accessor& a, int pos, int len) { return len >= 2 && a.Match(pos, "--"); };
+    constexpr int base = SC_FOLDLEVELBASE, white = SC_FOLDLEVELWHITEFLAG, space = Accessor::wsSpace,
+                  tab = Accessor::wsTab, mixed = Accessor::wsSpaceTab, inconsistent = Accessor::wsInconsistent;
+    // {line, comments count as blank, amount, kinds (-1: not checked)}; a tab goes to column 8.
+    for (auto [line, comments, amount, kinds] :
+         {std::tuple{1, false, base + 4, space}, {2, false, base + 8, space | tab | mixed | inconsistent},
+          {3, false, base + 8, tab | inconsistent}, {4, false, (base + 3) | white, -1}, {5, false, base + 8, -1},
+          {5, true, (base + 8) | white, -1}}) {
+        int flags = -1;
+        EXPECT_EQ(acc.IndentAmount(line, &flags, comments ? isComment : nullptr), amount) << line;
+        if (kinds >= 0) { EXPECT_EQ(flags, kinds) << line; }
+    }
     load("");
     WindowAccessor empty(editor.get(), props);
     EXPECT_EQ(empty.IndentAmount(0, nullptr), SC_FOLDLEVELBASE | SC_FOLDLEVELWHITEFLAG);

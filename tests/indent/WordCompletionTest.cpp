@@ -25,101 +25,66 @@ protected:
 };
 
 TEST_F(WordCompletionTest, TheDocumentsWordsAreOfferedInOrderOfFirstOccurrence) {
-    load("select selection, SELECTED, selection, sel_x from t where sel");
-    ASSERT_TRUE(editor->StartAutoCompleteWord(0));
-    EXPECT_EQ(items(), (std::vector<std::string>{"select", "selection", "SELECTED", "sel_x"}));
-    send(SCI_AUTOCCANCEL);
-    // Matching case: only the words spelt as typed.
-    editor->autoCompleteIgnoreCase = 0;
-    load("Selection selection Sel");
-    ASSERT_TRUE(editor->StartAutoCompleteWord(0));
-    EXPECT_EQ(items(), (std::vector<std::string>{"Selection"}));
-}
-
-TEST_F(WordCompletionTest, NoListWithoutARootOrWithoutOtherWords) {
-    // The caret at a line's start; the root's only occurrence; a word equal to the root; behind a blank.
-    for (const char* content : {"selection\n", "abc sel", "sel sel", "sel "}) {
-        load(content, -1);
-        EXPECT_FALSE(editor->StartAutoCompleteWord(0)) << content;
+    struct Case { const char* content; long caret; int ignoreCase; std::vector<std::string> items; };
+    const Case cases[] = {
+        {"select selection, SELECTED, selection, sel_x from t where sel", -1, 1,
+         {"select", "selection", "SELECTED", "sel_x"}},
+        {"Selection selection Sel", -1, 0, {"Selection"}},  // matching case: only words spelt as typed
+        {"t.col x.colour t.co", -1, 1, {"col", "colour"}},  // the root stops at a delimiter
+        {"co colum", 2, 1, {"colum"}},  // the root at the line's start, the word at the text's end
+        // No list: the caret at a line's start; the root's only occurrence; a word equal to it; a blank.
+        {"selection\n", -1, 1, {}}, {"abc sel", -1, 1, {}}, {"sel sel", -1, 1, {}}, {"sel ", -1, 1, {}},
+    };
+    for (const Case& c : cases) {
+        editor->autoCompleteIgnoreCase = c.ignoreCase;
+        load(c.content, c.caret);
+        EXPECT_EQ(editor->StartAutoCompleteWord(0), !c.items.empty()) << c.content;
+        EXPECT_EQ(items(), c.items) << c.content;
+        send(SCI_AUTOCCANCEL);
     }
-    EXPECT_EQ(send(SCI_AUTOCACTIVE), 0);
-}
-
-TEST_F(WordCompletionTest, TheRootStopsAtADelimiterAndTheLastWordEndsAtTheText) {
-    load("t.col x.colour t.co", -1);
-    ASSERT_TRUE(editor->StartAutoCompleteWord(0));
-    EXPECT_EQ(items(), (std::vector<std::string>{"col", "colour"}));
-    send(SCI_AUTOCCANCEL);
-    load("co colum", 2);  // the word at the document's very end
-    ASSERT_TRUE(editor->StartAutoCompleteWord(0));
-    EXPECT_EQ(items(), (std::vector<std::string>{"colum"}));
-}
-
-TEST_F(WordCompletionTest, ALineIsReadWithItsLineEnd) {
-    load("first\r\nsecond", 9, SC_EOL_CRLF);
+    load("first\r\nsecond", 9, SC_EOL_CRLF);  // a line is read with its line end
     EXPECT_EQ(editor->GetLine(0), "first\r\n");
     EXPECT_EQ(editor->GetLine(-1), "second");
 }
 
-class BraceTest : public IndentTest {};
-
-TEST_F(BraceTest, JumpingTwiceComesBackAndSelectingSpansThePair) {
-    load("a(bc)d", 2);  // behind the opening brace, to in front of the closing one, and back
-    for (long expected : {4, 2}) {
-        editor->GoMatchingBrace(false);
-        EXPECT_EQ(caret(), expected);
+TEST_F(IndentTest, GoingToTheMatchingBraceJumpsOrSelectsThePair) {
+    // {text, caret, select, selection start and end after}; without a partner nothing moves.
+    struct Case { const char* content; long caret; bool select; long start, end; };
+    for (const Case& c : {Case{"a(bc)d", 2, false, 4, 4}, {"a(bc)d", 4, false, 2, 2},  // twice comes back
+                          {"a(bc)d", 5, true, 1, 5}, {"ab(cd", 1, false, 1, 1}, {"ab(cd", 3, true, 3, 3},
+                          {"ab(cd", 2, false, 2, 2}}) {
+        load(c.content, c.caret);
+        editor->GoMatchingBrace(c.select);
+        expectSelection(c.start, c.end);
+        EXPECT_EQ(caret(), c.start) << c.content << " " << c.caret;  // the caret ends at the partner's side
     }
-    send(SCI_SETSEL, 5, 5);  // behind the closing brace: outside
-    editor->GoMatchingBrace(true);
-    expectSelection(1, 5);
-    EXPECT_EQ(caret(), 1);  // the caret ends at the partner's side
 }
 
-TEST_F(BraceTest, NoBraceOrNoPartnerLeavesTheSelectionAlone) {
-    load("ab(cd", 1);
-    editor->GoMatchingBrace(false);
-    EXPECT_EQ(caret(), 1);
-    send(SCI_SETSEL, 3, 3);  // behind an opening brace without a partner
-    editor->GoMatchingBrace(true);
-    expectSelection(3, 3);
-    send(SCI_SETSEL, 2, 2);  // in front of it
-    editor->GoMatchingBrace(false);
-    EXPECT_EQ(caret(), 2);
-}
-
-TEST_F(BraceTest, TheBraceBeforeTheCaretWinsAndStylesMustAgree) {
-    load("(x)(y)", 3);
-    int at = -1, opposite = -1;
-    EXPECT_FALSE(editor->FindMatchingBracePosition(true, at, opposite, true));  // behind ")": outside
-    EXPECT_EQ(at, 2);
-    EXPECT_EQ(opposite, 0);
-    send(SCI_SETSEL, 4, 4);
-    EXPECT_TRUE(editor->FindMatchingBracePosition(true, at, opposite, true));  // behind "(": inside
-    EXPECT_EQ(at, 3);
-    EXPECT_EQ(opposite, 5);
-}
-
-TEST_F(BraceTest, InABraceStyleBracesInStringsDoNotCount) {
-    // Styles count in their low 5 bits: 42 stands for the same style as 10.
+TEST_F(IndentTest, TheBraceBeforeTheCaretWinsAndStylesMustAgree) {
+    // Styles count in their low 5 bits: 42 stands for the same style as 10; ")" in a string is no brace.
     for (const int bracesStyle : {10, 42}) {
-        SCOPED_TRACE(bracesStyle);
         editor->bracesStyle = bracesStyle;
-        load("f(a,')')", 6);
-        style(0, 8, 10);
-        style(4, 7, 6);  // the string ')'
-        int at = -1, opposite = -1;
-        EXPECT_FALSE(editor->FindMatchingBracePosition(true, at, opposite, true));  // behind the string's ")"
-        EXPECT_EQ(at, -1);
-        EXPECT_EQ(opposite, -1);
-        send(SCI_SETSEL, 7, 7);  // sloppy: the brace after the caret, in the brace style
-        EXPECT_TRUE(editor->FindMatchingBracePosition(true, at, opposite, true));
-        EXPECT_EQ(at, 7);
-        EXPECT_EQ(opposite, 1);
-        EXPECT_FALSE(editor->FindMatchingBracePosition(true, at, opposite, false));  // not sloppy: none
+        load("(x)(y)f(a,')')");
+        style(0, 14, 10);
+        style(10, 13, 6);
+        // {caret, for the editor, sloppy, found, brace, partner}
+        struct Case { long caret; bool editor, sloppy, found; int at, opposite; };
+        for (const Case& c : {Case{3, true, true, false, 2, 0},  // behind ")": outside
+                              {4, true, true, true, 3, 5},      // behind "(": inside
+                              {12, true, true, false, -1, -1},  // behind the string's ")"
+                              {13, true, true, true, 13, 7},    // sloppy: the brace after the caret
+                              {13, true, false, false, -1, -1},
+                              {13, false, true, false, -1, -1}}) {  // not the editor: style 0 is checked
+            send(SCI_SETSEL, WPARAM(c.caret), c.caret);
+            int at = -1, opposite = -1;
+            EXPECT_EQ(editor->FindMatchingBracePosition(c.editor, at, opposite, c.sloppy), c.found) << c.caret;
+            if (c.sloppy) {
+                EXPECT_EQ(at, c.at) << c.caret;
+                EXPECT_EQ(opposite, c.opposite) << c.caret;
+            }
+        }
+        send(SCI_SETSEL, 13, 13);
         editor->GoMatchingBrace(false);
-        EXPECT_EQ(caret(), 2);
-        // Not for the editor the style to check is 0, which these braces do not have.
-        EXPECT_FALSE(editor->FindMatchingBracePosition(false, at, opposite, true));
-        EXPECT_EQ(at, -1);
+        EXPECT_EQ(caret(), 8) << bracesStyle;
     }
 }
