@@ -6,52 +6,8 @@
 
 #include <cerrno>
 #include <climits>
-#include <vector>
 
 #include "TextFileSupport.h"
-
-namespace {
-
-// Writes the text in three pieces, cut twice inside the samples' first non-ASCII character.
-bool Save(const std::string& path, const std::string& text, TEXTENCODING encoding, int codePage = 0) {
-    CKTTextFileWrite file(path.c_str(), encoding, codePage);
-    const size_t cut1 = std::min<size_t>(4, text.size()), cut2 = std::min<size_t>(5, text.size());
-    return file.IsOpen() && file.Write(text.substr(0, cut1).c_str()) &&
-           file.Write(text.substr(cut1, cut2 - cut1).c_str()) && file.Write(text.substr(cut2).c_str()) &&
-           file.Close();
-}
-
-}  // namespace
-
-TEST_F(TextFileTest, EachEncodingRoundTripsByteForByte) {
-    struct Case { TEXTENCODING encoding; int codePage; const char* text; std::string bytes; };
-    std::vector<Case> cases = {
-        {TEXTENCODING_UTF8, 0, kMixedText, kMixedText},
-        {TEXTENCODING_UTF8_BOM, 0, kMixedText, std::string("\xEF\xBB\xBF") + kMixedText},
-        {TEXTENCODING_UTF16LE, 0, kMixedText, Utf16(kMixedText, true)},
-        {TEXTENCODING_UTF16BE, 0, kMixedText, Utf16(kMixedText, false)},
-        {TEXTENCODING_UTF16BE, 0, "", "\xFE\xFF"}};   // an empty save keeps its encoding's mark
-    for (const LegacySample& sample : kLegacySamples)
-        cases.push_back({TEXTENCODING_ANSI, sample.codePage, sample.utf8, sample.bytes});
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.encoding << "/" << c.codePage);
-        const std::string path = Path(c.codePage ? "b.sql" : "a.sql");
-        ASSERT_TRUE(Save(path, c.text, c.encoding, c.codePage));
-        ASSERT_EQ(Get(path), c.bytes);
-        CKTTextFileRead read(path.c_str(), true, true, c.codePage);
-        CString text;
-        ASSERT_TRUE(read.Read(text, "\r\n"));
-        EXPECT_EQ(text, c.text);
-        EXPECT_EQ(read.GetEncoding(), c.encoding);
-        ASSERT_TRUE(Save(path, text.str(), read.GetEncoding(), c.codePage ? read.GetCodePage() : 0));
-        EXPECT_EQ(Get(path), c.bytes);
-    }
-    // Without a code page, ANSI is the system language's.
-    setenv("QUILLBOX_LANGID", "1041", 1);
-    ASSERT_TRUE(Save(Path("c.sql"), kLegacySamples[1].utf8, TEXTENCODING_ANSI));
-    EXPECT_EQ(Get(Path("c.sql")), kLegacySamples[1].bytes);
-    EXPECT_EQ(Entries(), QStringList({"a.sql", "b.sql", "c.sql"}));
-}
 
 // A save that fails, at once or once text is written, leaves the old file and nothing else.
 TEST_F(TextFileTest, AFailedSaveLeavesTheTargetUntouched) {
@@ -233,19 +189,23 @@ TEST_F(TextFileTest, ASaveStoppedAtAnyStepLeavesOldOrNewTextAndNothingElse) {
 }
 
 // An encoding outside the enumeration keeps an existing file's (a legacy file its code page);
-// a new file is UTF-8.
-TEST_F(TextFileTest, EncodingsOutsideTheEnumerationLetTheFileDecide) {
+// a new file is UTF-8. Without a code page, ANSI is the system language's.
+TEST_F(TextFileTest, TheFileOrTheSystemDecidesWhatTheCallerLeftOpen) {
+    const std::string sjis = "\xE9\x93", utf16 = std::string("\xFE\xFF\0x", 4);   // 體 is not in 949
     for (int value : {-1, 5, 256, INT_MIN, INT_MAX}) {
         SCOPED_TRACE(value);
         const auto encoding = TEXTENCODING(value);
-        Put(Path("old.sql"), kLegacySamples[1].bytes);   // Shift-JIS that 949 cannot read
-        ASSERT_TRUE(Save(Path("old.sql"), kLegacySamples[1].utf8, encoding, 932));
-        EXPECT_EQ(Get(Path("old.sql")), kLegacySamples[1].bytes);
-        Put(Path("wide.sql"), Utf16("x", false));
-        ASSERT_TRUE(Save(Path("wide.sql"), "y", encoding));
-        EXPECT_EQ(Get(Path("wide.sql")), Utf16("y", false));
+        Put(Path("old.sql"), sjis);
+        ASSERT_TRUE(Save(Path("old.sql"), "體", encoding, 932));
+        EXPECT_EQ(Get(Path("old.sql")), sjis);
+        Put(Path("wide.sql"), utf16);
+        ASSERT_TRUE(Save(Path("wide.sql"), "x", encoding));
+        EXPECT_EQ(Get(Path("wide.sql")), utf16);
         ASSERT_TRUE(Save(Path("new.sql"), "한", encoding));
         EXPECT_EQ(Get(Path("new.sql")), "한");
         unlink(Path("new.sql").c_str());
     }
+    setenv("QUILLBOX_LANGID", "1041", 1);
+    ASSERT_TRUE(Save(Path("new.sql"), "體", TEXTENCODING_ANSI));
+    EXPECT_EQ(Get(Path("new.sql")), sjis);
 }
