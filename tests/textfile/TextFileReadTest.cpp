@@ -1,6 +1,7 @@
 // Reading: encoding detection, decoding into UTF-8, line ends, and files that must not load.
 #include <sys/stat.h>
 
+#include <climits>
 #include <map>
 #include <sstream>
 
@@ -44,8 +45,11 @@ CKTTextFileRead Open(const char* path, int how, int codePage) {
 //   <language id> detect|nodetect|<encoding> <code page> -> <encoding> <code page> [same]
 //   <language id> detect|nodetect|<encoding> <code page> -> <error> [<suggested code page>]
 // and the rest is the text read with CR LF line ends, or words of the error text. With `same`,
-// saving the text in the encoding found gives the file's bytes back.
+// saving the text in the encoding found gives the file's bytes back, and so does saving it over
+// the file with an encoding outside the enumeration, which lets the file decide as detection did.
 TEST_F(TextFileTest, EachCaseFileReadsAsExpected) {
+    const int outside[] = {-1, 5, 256, INT_MIN, INT_MAX};
+    size_t saves = 0;
     for (const auto& input : CaseFiles("textfile/read", ".bytes")) {
         SCOPED_TRACE(input.filename().string());
         const std::string expected = ReadCase(std::filesystem::path(input).replace_extension(".expected"));
@@ -80,6 +84,10 @@ TEST_F(TextFileTest, EachCaseFileReadsAsExpected) {
         if (same == "same") {
             ASSERT_TRUE(Save(Path("a.sql"), text, file.GetEncoding(), file.GetCodePage()));
             EXPECT_EQ(Get(Path("a.sql")), ReadCase(input));
+            if (how == "detect") {
+                ASSERT_TRUE(Save(Path("a.sql"), text, TEXTENCODING(outside[saves++ % 5]), foundPage));
+                EXPECT_EQ(Get(Path("a.sql")), ReadCase(input));
+            }
         }
     }
     EXPECT_EQ(Entries(), QStringList({"a.sql"}));
