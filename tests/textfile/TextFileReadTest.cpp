@@ -5,7 +5,6 @@
 #include <map>
 #include <sstream>
 
-#include "CaseFiles.h"
 #include "MemoryLimit.h"
 #include "TextFileSupport.h"
 
@@ -111,21 +110,15 @@ TEST_F(TextFileTest, WhatIsNotAFileFailsAndAClosedReaderReadsNothing) {
     Put(Path("a.sql"), "x");
     CKTTextFileRead closed(Path("a.sql").c_str());
     closed.Close();
-    CString text = "kept";
-    EXPECT_FALSE(closed.Read(text, "\r\n"));
-    EXPECT_EQ(text, "kept");
+    ReadAll(closed);
     EXPECT_EQ(closed.GetError(), TEXTFILEERROR_NOT_OPEN);
     EXPECT_EQ(closed.GetEncoding(), TEXTENCODING_UTF8);
 }
 
 TEST_F(TextFileTest, CharactersAndLineEndsSplitBetweenPiecesSurvive) {
     constexpr size_t kPiece = size_t(4) << 20;   // the reader's piece size
-    const struct {
-        const char* what;
-        std::string bom, unit, special;   // `unit` is one filler character in the encoding
-        const char* text;                 // `special` decoded, with LF line ends
-        int codePage;
-    } cases[] = {
+    // `unit` is one filler character in the encoding, `text` is `special` decoded with LF line ends.
+    const struct { const char* what; std::string bom, unit, special; const char* text; int codePage; } cases[] = {
         {"UTF-8", "", "x", "\xF0\x9F\x98\x80\xE2\x82\xAC", "😀€", 0},
         {"UTF-8 with mark", "\xEF\xBB\xBF", "x", "\xE2\x82\xAC\xE2\x82\xAC", "€€", 0},
         {"CR LF", "", "x", "\r\n\r\n", "\n\n", 0},

@@ -6,10 +6,10 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include "CKTTextFile.h"
+#include "CaseFiles.h"
 #include "System.h"
 
 class TextFileTest : public ::testing::Test {
@@ -24,10 +24,7 @@ protected:
     static void Put(const std::string& path, const std::string& bytes) {
         std::ofstream(path, std::ios::binary) << bytes;
     }
-    static std::string Get(const std::string& path) {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    static std::string Get(const std::string& path) { return ReadCase(path); }
     // Every scratch folder entry, hidden ones included, so that a left-over temporary file shows.
     QStringList Entries() const {
         return QDir(dir_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |

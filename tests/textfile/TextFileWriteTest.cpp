@@ -65,8 +65,7 @@ TEST_F(TextFileTest, OnlyCloseReplacesTheTarget) {
 
         CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8);
         ASSERT_TRUE(file.Write("new text") && file.Write(nullptr));
-        EXPECT_TRUE(file.Close());
-        EXPECT_TRUE(file.Close());
+        EXPECT_TRUE(file.Close() && file.Close());   // a second Close gives the same answer
         EXPECT_FALSE(file.Write("more"));
         EXPECT_EQ(Get(Path("a.sql")), "new text");
         EXPECT_EQ(Entries(), QStringList({"a.sql"}));
