@@ -50,26 +50,22 @@ TEST_F(TextFileTest, AFailedSaveLeavesTheTargetUntouched) {
 }
 
 TEST_F(TextFileTest, OnlyCloseReplacesTheTarget) {
+    Put(Path("a.sql"), "old text");
     for (bool unnamed : {true, false}) {
         CKTTextFileFaults::AllowUnnamedTemp(unnamed);
-        Put(Path("a.sql"), "old text");
-        {
-            CKTTextFileWrite abandoned(Path("a.sql").c_str(), TEXTENCODING_UTF8);
-            ASSERT_TRUE(abandoned.Write("new text"));
-            // A load of the target meanwhile must not take the running save's temporary file.
-            EXPECT_TRUE(CKTTextFileRead(Path("a.sql").c_str()).IsOpen());
-            EXPECT_EQ(Entries().size(), unnamed ? 1 : 2);   // a named temporary file shows
-        }
-        EXPECT_EQ(Entries(), QStringList({"a.sql"}));
-        EXPECT_EQ(Get(Path("a.sql")), "old text");
-
-        CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8);
-        ASSERT_TRUE(file.Write("new text") && file.Write(nullptr));
-        EXPECT_TRUE(file.Close() && file.Close());   // a second Close gives the same answer
-        EXPECT_FALSE(file.Write("more"));
-        EXPECT_EQ(Get(Path("a.sql")), "new text");
-        EXPECT_EQ(Entries(), QStringList({"a.sql"}));
+        CKTTextFileWrite abandoned(Path("a.sql").c_str(), TEXTENCODING_UTF8);
+        ASSERT_TRUE(abandoned.Write("new text"));
+        // A load of the target meanwhile must not take the running save's temporary file.
+        EXPECT_TRUE(CKTTextFileRead(Path("a.sql").c_str()).IsOpen());
+        EXPECT_EQ(Entries().size(), unnamed ? 1 : 2);   // a named temporary file shows
     }
+    EXPECT_EQ(Entries(), QStringList({"a.sql"}));
+    EXPECT_EQ(Get(Path("a.sql")), "old text");
+    CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8);
+    ASSERT_TRUE(file.Write("new text") && file.Write(nullptr));
+    EXPECT_TRUE(file.Close() && file.Close());   // a second Close gives the same answer
+    EXPECT_FALSE(file.Write("more"));
+    EXPECT_EQ(Get(Path("a.sql")), "new text");
     // Raw bytes go as they are, but not after a character that Write left open.
     const std::string bytes = "\xC7\xD1 not UTF-8 \xFF\r\n";
     CKTTextFileWrite raw(Path("raw.sql").c_str(), TEXTENCODING_UTF8);
@@ -163,11 +159,9 @@ TEST_F(TextFileTest, ASaveStoppedAtAnyStepLeavesOldOrNewTextAndNothingElse) {
                     // A name exists while the file is named and the target not yet replaced.
                     const bool named = !replaced && (!unnamed || step == TEXTFILEFAULT_RENAME);
                     EXPECT_EQ(Entries().size(), named ? 2 : 1);
-                    if (++use % 2) {
-                        EXPECT_TRUE(CKTTextFileRead(Path("a.sql").c_str()).IsOpen());
-                    } else {
-                        ASSERT_TRUE(Save(Path("a.sql"), "saved", TEXTENCODING_UTF8));
-                    }
+                    // By turns the next load or the next save of the target cleans up.
+                    EXPECT_TRUE(++use % 2 ? CKTTextFileRead(Path("a.sql").c_str()).IsOpen()
+                                          : Save(Path("a.sql"), "saved", TEXTENCODING_UTF8));
                 }
                 EXPECT_EQ(Entries(), QStringList({"a.sql"}));
             }
