@@ -12,11 +12,14 @@ TEST(CString, OperationsStayInBoundsAndKeepUtf8Intact) {
     const int replacements = replaced.Replace("--", "+") + replaced.Replace("", "x");
     lower.MakeLower();
     upper.MakeUpper();
+    CString formatted, wide;
+    formatted.Format("%s=%d;%*c", "n", 42, 3, 'x');
+    wide.Format("%s", std::string(5000, 'q').c_str());
     const struct { int got, expected; } numbers[] = {
         {CString(raw).GetLength(), 1}, {CString(raw, 3).GetLength(), 3},
         {CString(static_cast<const char*>(nullptr)).GetLength(), 0},
         {s.Find("--"), 16}, {s.Find('x'), -1}, {s.Find("t", 100), -1}, {s.ReverseFind(' '), 18},
-        {s.FindOneOf("*-"), 7}, {s.GetAt(1000), 0}, {replacements, 2},
+        {s.FindOneOf("*-"), 7}, {s.GetAt(1000), 0}, {replacements, 2}, {wide.GetLength(), 5000},
         {CString("abc").CompareNoCase("ABD"), -1}, {CString("abc").CompareNoCase("ABC"), 0},
     };
     for (size_t i = 0; i < std::size(numbers); ++i) EXPECT_EQ(numbers[i].got, numbers[i].expected) << i;
@@ -25,18 +28,14 @@ TEST(CString, OperationsStayInBoundsAndKeepUtf8Intact) {
         {s.Right(4), "note"}, {s.Right(100), "select * from t -- note"}, {replaced, "a+b+c"},
         {CString("  (x)  ").Trim(), "(x)"}, {CString("  (x)  ").Trim(" ()"), "x"},
         {CString("   ").TrimLeft(), ""}, {lower, "straße abc"}, {upper, "STRAßE ABC"},
+        {formatted, "n=42;  x"},
     };
     for (const auto& t : texts) EXPECT_EQ(t.got, t.expected);
 }
 
-TEST(CString, FormatAndBuffers) {
+TEST(CString, BuffersAndArrays) {
     CString s;
-    s.Format("%s=%d;%*c", "n", 42, 3, 'x');
-    EXPECT_EQ(s, "n=42;  x");
-    s.Format("%s", std::string(5000, 'q').c_str());
-    EXPECT_EQ(s.GetLength(), 5000);
-    char* p = s.GetBuffer(10);
-    std::memcpy(p, "z", 2);
+    std::memcpy(s.GetBuffer(10), "z", 2);
     s.ReleaseBuffer();
     EXPECT_EQ(s, "z");
     std::memcpy(s.GetBuffer(8), "abcdefgh", 8);

@@ -9,9 +9,8 @@
 #include "System.h"
 
 namespace {
-constexpr UINT kPing = WM_USER + 1;
-constexpr UINT kCommandA = 100;
-constexpr UINT kCommandB = 200;
+constexpr UINT kPing = WM_USER + 1, kCommandA = 100, kCommandB = 200;
+const RECT kRect{0, 0, 5, 5};
 
 // A base window class and a derived one, each with a message map, to prove the derived map
 // wins and falls back to the base map.
@@ -44,13 +43,11 @@ protected:
         return &map;
     }
 };
-
-RECT rect(int w, int h) { return RECT{0, 0, w, h}; }
 }  // namespace
 
 TEST(CWnd, MessageMapsDispatchAndFallBackToTheBaseClass) {
     DerivedWindow w;
-    ASSERT_TRUE(w.CreateEx(0, "QuillboxFrame", "w", 0, rect(10, 10), nullptr, 7));
+    ASSERT_TRUE(w.CreateEx(0, "QuillboxFrame", "w", 0, kRect, nullptr, 7));
     EXPECT_EQ(w.SendMessage(kPing, 41, 0), 42);
     EXPECT_TRUE(w.SendMessage(WM_COMMAND, MakeCommandWParam(kCommandA), 0) == 0);
     w.SendMessage(WM_COMMAND, MakeCommandWParam(kCommandB, 1), 0);
@@ -60,36 +57,31 @@ TEST(CWnd, MessageMapsDispatchAndFallBackToTheBaseClass) {
     EXPECT_EQ(w.GetDlgCtrlID(), 7u);
 }
 
-TEST(CWnd, CreationCanFailOrBeRefusedAndTheMainWindowClearsWithItsObject) {
+// Creation fails for an unknown class, a refusing handler or a parent without a window; a
+// posted message arrives later and never at a destroyed window; the main window clears with it.
+TEST(CWnd, WindowsLiveAndDieWithTheirObjects) {
     BaseWindow w;
-    EXPECT_EQ(w.GetSafeHwnd(), nullptr);
     EXPECT_FALSE(w.PostMessage(kPing));
-    EXPECT_FALSE(w.CreateEx(0, "NoSuchClass", "", 0, rect(1, 1), nullptr, 0));
+    EXPECT_FALSE(w.CreateEx(0, "NoSuchClass", "", 0, kRect, nullptr, 0));
     EXPECT_EQ(GetLastError(), ERROR_CANNOT_FIND_WND_CLASS_CODE);
     w.createResult = -1;
-    EXPECT_FALSE(w.CreateEx(0, "QuillboxFrame", "", 0, rect(1, 1), nullptr, 0));
+    EXPECT_FALSE(w.CreateEx(0, "QuillboxFrame", "", 0, kRect, nullptr, 0));
     EXPECT_EQ(w.GetSafeHwnd(), nullptr);
     CWnd parentWithoutWindow;
-    BaseWindow child;
-    EXPECT_FALSE(child.CreateEx(0, "QuillboxFrame", "", 0, rect(1, 1), &parentWithoutWindow, 0));
-    {
-        BaseWindow main;
-        AfxSetMainWnd(&main);
-        EXPECT_EQ(AfxGetMainWnd(), &main);
-    }
-    EXPECT_EQ(AfxGetMainWnd(), nullptr);
-}
+    EXPECT_FALSE(BaseWindow().CreateEx(0, "QuillboxFrame", "", 0, kRect, &parentWithoutWindow, 0));
 
-TEST(CWnd, PostedMessagesArriveLaterAndNeverReachADestroyedWindow) {
-    auto* w = new BaseWindow;
-    ASSERT_TRUE(w->CreateEx(0, "QuillboxFrame", "", 0, rect(1, 1), nullptr, 0));
-    EXPECT_TRUE(w->PostMessage(kPing, 1, 0));
-    EXPECT_TRUE(w->log.empty());
+    auto* main = new BaseWindow;
+    ASSERT_TRUE(main->CreateEx(0, "QuillboxFrame", "", 0, kRect, nullptr, 0));
+    AfxSetMainWnd(main);
+    EXPECT_EQ(AfxGetMainWnd(), main);
+    EXPECT_TRUE(main->PostMessage(kPing, 1, 0));
+    EXPECT_TRUE(main->log.empty());
     QApplication::processEvents();
-    EXPECT_EQ(w->log.size(), 1u);
-    w->PostMessage(kPing, 1, 0);
-    delete w;  // the queued message must be dropped, not delivered to freed memory
+    EXPECT_EQ(main->log.size(), 1u);
+    main->PostMessage(kPing, 1, 0);
+    delete main;  // the queued message must be dropped, not delivered to freed memory
     QApplication::processEvents();
+    EXPECT_EQ(AfxGetMainWnd(), nullptr);
 }
 
 TEST(CWnd, ParentsAndHostWidgets) {
@@ -98,7 +90,7 @@ TEST(CWnd, ParentsAndHostWidgets) {
     ASSERT_NE(host, nullptr);
     EXPECT_EQ(CWnd::FromWidget(&hostWidget), host);
     BaseWindow child;
-    ASSERT_TRUE(child.CreateEx(0, "QuillboxFrame", "", WS_CHILD | WS_VISIBLE, rect(5, 5), host, 3));
+    ASSERT_TRUE(child.CreateEx(0, "QuillboxFrame", "", WS_CHILD | WS_VISIBLE, kRect, host, 3));
     EXPECT_EQ(child.GetParent(), host);
     EXPECT_EQ(child.GetSafeHwnd()->parentWidget(), &hostWidget);
     EXPECT_EQ(CWnd::FromHandle(child.GetSafeHwnd()), &child);
@@ -106,7 +98,7 @@ TEST(CWnd, ParentsAndHostWidgets) {
     // A parent that deletes its widgets takes the child's window too; the object stays safe.
     auto* owner = new QWidget;
     BaseWindow orphan;
-    ASSERT_TRUE(orphan.CreateEx(0, "QuillboxFrame", "", 0, rect(5, 5), CWnd::FromWidget(owner), 0));
+    ASSERT_TRUE(orphan.CreateEx(0, "QuillboxFrame", "", 0, kRect, CWnd::FromWidget(owner), 0));
     delete owner;
     EXPECT_EQ(orphan.GetSafeHwnd(), nullptr);
     EXPECT_EQ(orphan.SendMessage(kPing, 1, 0), 2);

@@ -2,7 +2,8 @@
 #include <sys/stat.h>
 
 #include <climits>
-#include <fstream>
+#include <map>
+#include <sstream>
 
 #include "MemoryLimit.h"
 #include "TextFileSupport.h"
@@ -19,158 +20,105 @@ std::string ReadAll(CKTTextFileRead& file, const char* lineEnd = "\r\n") {
     return text.str();
 }
 
-constexpr int kDetect = -1;
+constexpr int kDetect = -100, kNoDetection = -101;
+const std::map<std::string, int> kWords = {
+    {"detect", kDetect}, {"nodetect", kNoDetection}, {"ansi", TEXTENCODING_ANSI},
+    {"utf8", TEXTENCODING_UTF8}, {"utf8bom", TEXTENCODING_UTF8_BOM},
+    {"utf16le", TEXTENCODING_UTF16LE}, {"utf16be", TEXTENCODING_UTF16BE},
+    {"undecodable", TEXTFILEERROR_UNDECODABLE}, {"unsupported", TEXTFILEERROR_UNSUPPORTED},
+    {"binary", TEXTFILEERROR_BINARY}};
+
+int Word(const std::string& word) {
+    const auto found = kWords.find(word);
+    return found != kWords.end() ? found->second : std::stoi(word);   // an encoding by number
+}
+
+CKTTextFileRead Open(const char* path, int how, int codePage) {
+    return how == kDetect         ? CKTTextFileRead(path, true, true, codePage)
+           : how == kNoDetection ? CKTTextFileRead(path, false)
+                                 : CKTTextFileRead(path, TEXTENCODING(how), codePage);
+}
 }  // namespace
 
-// Each row: the file, the system language, how it is opened (detection with a code page, or an
-// encoding forced with one) and what the reader finds. Every text is read with CR LF and again
-// with LF line ends.
-TEST_F(TextFileTest, DetectsAndDecodesEachEncoding) {
-    const LegacySample &uhc = kLegacySamples[0], &sjis = kLegacySamples[1], &gbk = kLegacySamples[2],
-                       &big5 = kLegacySamples[3];
-    const struct {
-        std::string bytes;
-        const char* langId;
-        int encoding, codePage;   // encoding kDetect: detection
-        TEXTENCODING found;
-        int foundPage;
-        std::string text;
-    } cases[] = {
-        {"", "1042", kDetect, 0, TEXTENCODING_UTF8, 65001, ""},
-        {kMixedText, "1042", kDetect, 0, TEXTENCODING_UTF8, 65001, kMixedText},
-        {"\xEF\xBB\xBF", "1042", kDetect, 0, TEXTENCODING_UTF8_BOM, 65001, ""},
-        {std::string("\xEF\xBB\xBF") + kMixedText, "1042", kDetect, 0, TEXTENCODING_UTF8_BOM, 65001, kMixedText},
-        {Utf16(kMixedText, true), "1042", kDetect, 0, TEXTENCODING_UTF16LE, 1200, kMixedText},
-        {Utf16(kMixedText, false), "1042", kDetect, 0, TEXTENCODING_UTF16BE, 1201, kMixedText},
-        {"\xFF\xFE", "1042", kDetect, 0, TEXTENCODING_UTF16LE, 1200, ""},
-        // The system language picks the legacy code page; a caller's code page wins over it.
-        {uhc.bytes, "1042", kDetect, 0, TEXTENCODING_ANSI, 949, uhc.utf8},
-        {sjis.bytes, "1041", kDetect, 0, TEXTENCODING_ANSI, 932, sjis.utf8},
-        {gbk.bytes, "2052", kDetect, 0, TEXTENCODING_ANSI, 936, gbk.utf8},
-        {big5.bytes, "1028", kDetect, 0, TEXTENCODING_ANSI, 950, big5.utf8},
-        {uhc.bytes, "1033", kDetect, 0, TEXTENCODING_ANSI, 949, uhc.utf8},   // any other language
-        {sjis.bytes, "1042", kDetect, 932, TEXTENCODING_ANSI, 932, sjis.utf8},
-        {sjis.bytes, "1042", TEXTENCODING_ANSI, 932, TEXTENCODING_ANSI, 932, sjis.utf8},
-        // An encoding outside the enumeration lets the file decide.
-        {sjis.bytes, "1042", 256, 932, TEXTENCODING_ANSI, 932, sjis.utf8},
-        {sjis.bytes, "1042", INT_MIN, 932, TEXTENCODING_ANSI, 932, sjis.utf8},
-        {Utf16("x", true), "1042", INT_MAX, 932, TEXTENCODING_UTF16LE, 1200, "x"},
-        // A forced code page applies even to bytes that are valid UTF-8 as well.
-        {"\xC2\xA1", "1042", TEXTENCODING_ANSI, 949, TEXTENCODING_ANSI, 949, "\xEC\xA7\x95"},
-        {"\xC2\xA1", "1042", kDetect, 949, TEXTENCODING_UTF8, 65001, "\xC2\xA1"},
-        // 932 gives three control codes other characters; a trail byte below 0x80 before a long
-        // ASCII run, and a split lead byte, stay with their character.
-        {"\x1A\x1C\x7F x", "1041", TEXTENCODING_ANSI, 932, TEXTENCODING_ANSI, 932, "\x1C\x7F\x1A x"},
-        {"\x83\x41" + std::string(40, 'x') + "\x83\x41", "1041", kDetect, 0, TEXTENCODING_ANSI, 932,
-         "ア" + std::string(40, 'x') + "ア"},
-        // Line ends are found in the decoded text, not in the raw bytes.
-        {"a\r\nb\nc\rd\r\r\n\n\re\r", "1042", kDetect, 0, TEXTENCODING_UTF8, 65001,
-         "a\r\nb\r\nc\r\nd\r\n\r\n\r\n\r\ne\r\n"},
-        {Utf16("x\ny\rz", false), "1042", kDetect, 0, TEXTENCODING_UTF16BE, 1201, "x\r\ny\r\nz"},
-        {"\xC7\xD1\r\n\xC7\xD1\r", "1042", kDetect, 0, TEXTENCODING_ANSI, 949, "한\r\n한\r\n"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
-        setenv("QUILLBOX_LANGID", c.langId, 1);
-        Put(Path("a.sql"), c.bytes);
-        CKTTextFileRead file = c.encoding == kDetect
-                                   ? CKTTextFileRead(Path("a.sql").c_str(), true, true, c.codePage)
-                                   : CKTTextFileRead(Path("a.sql").c_str(), TEXTENCODING(c.encoding), c.codePage);
+// textfile/read/<name>.bytes is a file; the first line of <name>.expected says how it is read:
+//   <language id> detect|nodetect|<encoding> <code page> -> <encoding> <code page> [same]
+//   <language id> detect|nodetect|<encoding> <code page> -> <error> [<suggested code page>]
+// and the rest is the text read with CR LF line ends, or words of the error text. With `same`,
+// saving the text in the encoding found gives the file's bytes back, and so does saving it over
+// the file with an encoding outside the enumeration, which lets the file decide as detection did.
+TEST_F(TextFileTest, EachCaseFileReadsAsExpected) {
+    const int outside[] = {-1, 5, 256, INT_MIN, INT_MAX};
+    size_t saves = 0;
+    for (const auto& input : CaseFiles("textfile/read", ".bytes")) {
+        SCOPED_TRACE(input.filename().string());
+        const std::string expected = ReadCase(std::filesystem::path(input).replace_extension(".expected"));
+        const std::string text = expected.substr(expected.find('\n') + 1);
+        std::istringstream header(expected.substr(0, expected.find('\n')));
+        std::string language, how, arrow, found, same;
+        int codePage = 0, foundPage = 0;
+        header >> language >> how >> codePage >> arrow >> found >> foundPage >> same;
+        setenv("QUILLBOX_LANGID", language.c_str(), 1);
+        CKTTextFileRead file = Open(input.c_str(), Word(how), codePage);
+        if (found == "undecodable" || found == "unsupported" || found == "binary") {
+            ReadAll(file);
+            EXPECT_FALSE(file.IsOpen());
+            EXPECT_EQ(file.GetError(), Word(found)) << file.GetErrorText().c_str();
+            EXPECT_FALSE(file.GetErrorText().IsEmpty());
+            EXPECT_NE(file.GetErrorText().Find(text.c_str()), -1) << file.GetErrorText().c_str();
+            EXPECT_EQ(GetLastErrorText(), file.GetErrorText());
+            if (foundPage) {
+                EXPECT_EQ(file.GetSuggestedCodePage(), foundPage);
+            }
+            continue;
+        }
         EXPECT_TRUE(file.IsOpen()) << file.GetErrorText().c_str();
-        EXPECT_EQ(ReadAll(file), c.text);
-        EXPECT_EQ(file.GetTextLength(2), c.text.size());
-        EXPECT_EQ(file.GetEncoding(), c.found);
-        EXPECT_EQ(file.GetCodePage(), c.foundPage);
-        std::string lf = c.text;
+        EXPECT_EQ(ReadAll(file), text);
+        EXPECT_EQ(file.GetTextLength(2), text.size());
+        EXPECT_EQ(file.GetEncoding(), Word(found));
+        EXPECT_EQ(file.GetCodePage(), foundPage);
+        std::string lf = text;
         for (size_t at; (at = lf.find("\r\n")) != std::string::npos;) lf.erase(at, 1);
         EXPECT_EQ(ReadAll(file, "\n"), lf);
         EXPECT_EQ(file.GetTextLength(1), lf.size());
+        if (same == "same") {
+            ASSERT_TRUE(Save(Path("a.sql"), text, file.GetEncoding(), file.GetCodePage()));
+            EXPECT_EQ(Get(Path("a.sql")), ReadCase(input));
+            if (how == "detect") {
+                ASSERT_TRUE(Save(Path("a.sql"), text, TEXTENCODING(outside[saves++ % 5]), foundPage));
+                EXPECT_EQ(Get(Path("a.sql")), ReadCase(input));
+            }
+        }
     }
+    EXPECT_EQ(Entries(), QStringList({"a.sql"}));
 }
 
-TEST_F(TextFileTest, FilesThatCannotBeReadFailWithoutGuessing) {
-    setenv("QUILLBOX_LANGID", "1042", 1);
+TEST_F(TextFileTest, WhatIsNotAFileFailsAndAClosedReaderReadsNothing) {
     ASSERT_EQ(mkfifo(Path("fifo").c_str(), 0600), 0);   // must not wait for a writer
-    const int kNoDetection = -2;
-    const struct {
-        const char* what;
-        std::string bytes;
-        int how;   // kDetect with the system's 949, kNoDetection, or a code page forced
-        TEXTFILEERROR error;
-    } cases[] = {
-        {"high bytes no code page has", "abc \xFD\xA0\x81\x20", kDetect, TEXTFILEERROR_UNDECODABLE},
-        {"byte Shift-JIS does not use", "\x82\xA0\xFD", 932, TEXTFILEERROR_UNDECODABLE},
-        {"GBK lead before a space", "\xD6\xD0\x81 ", 936, TEXTFILEERROR_UNDECODABLE},
-        {"Big5 lead cut off at the end", "\xA4\xA4\xA4", 950, TEXTFILEERROR_UNDECODABLE},
-        {"UTF-8 mark then broken UTF-8", "\xEF\xBB\xBF\xC7\xD1", kDetect, TEXTFILEERROR_UNDECODABLE},
-        // Every byte pair here is valid in 949 as well, so only the UTF-8 check stops it.
-        {"damaged UTF-8 is not read as a code page", "-- 가가가가가가\xEA\xB0", kDetect, TEXTFILEERROR_UNDECODABLE},
-        {"a code page only with detection", kLegacySamples[0].bytes, kNoDetection, TEXTFILEERROR_UNDECODABLE},
-        {"UTF-16 cut in the middle of a unit", std::string("\xFF\xFE" "a\0b", 5), kDetect, TEXTFILEERROR_UNDECODABLE},
-        {"UTF-16 unpaired surrogate", std::string("\xFE\xFF\xDC\x00\x00" "a", 6), kDetect, TEXTFILEERROR_UNDECODABLE},
-        {"UTF-32LE mark", std::string("\xFF\xFE\0\0a\0\0\0", 8), kDetect, TEXTFILEERROR_UNSUPPORTED},
-        {"UTF-32BE mark", std::string("\0\0\xFE\xFF\0\0\0a", 8), kDetect, TEXTFILEERROR_UNSUPPORTED},
-        {"NUL byte", std::string("SELECT\0 1", 9), kDetect, TEXTFILEERROR_BINARY},
-        {"NUL character in UTF-16", std::string("\xFF\xFE" "a\0\0\0", 6), kDetect, TEXTFILEERROR_BINARY},
-        {"UTF-16 without a mark", std::string("a\0b\0", 4), kDetect, TEXTFILEERROR_BINARY},
-        {"unknown code page", "\xE9t\xE9", 1252, TEXTFILEERROR_UNSUPPORTED},
-        {"missing", "", kDetect, TEXTFILEERROR_NOT_FOUND},
-        {"folder", "", kDetect, TEXTFILEERROR_NOT_A_FILE},
-        {"fifo", "", kDetect, TEXTFILEERROR_NOT_A_FILE},
-        {"no name", "", kDetect, TEXTFILEERROR_INVALID_ARGUMENT},
-    };
+    const std::string folder = dir_.path().toStdString(), missing = Path("none.sql"), fifo = Path("fifo");
+    const struct { const char* path; TEXTFILEERROR error; } cases[] = {
+        {missing.c_str(), TEXTFILEERROR_NOT_FOUND}, {folder.c_str(), TEXTFILEERROR_NOT_A_FILE},
+        {fifo.c_str(), TEXTFILEERROR_NOT_A_FILE}, {nullptr, TEXTFILEERROR_INVALID_ARGUMENT}};
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        Put(Path("bad.sql"), c.bytes);
-        const std::string what = c.what, folder = dir_.path().toStdString();
-        const std::string path = what == "missing" ? Path("none.sql") : what == "folder" ? folder
-                                 : what == "fifo"  ? Path("fifo") : Path("bad.sql");
-        const char* name = what == "no name" ? nullptr : path.c_str();
-        CKTTextFileRead file = c.how == kDetect         ? CKTTextFileRead(name)
-                               : c.how == kNoDetection ? CKTTextFileRead(name, false)
-                                                       : CKTTextFileRead(name, TEXTENCODING_ANSI, c.how);
+        SCOPED_TRACE(c.path ? c.path : "no name");
+        CKTTextFileRead file(c.path);
         ReadAll(file);
-        EXPECT_FALSE(file.IsOpen());
         EXPECT_EQ(file.GetError(), c.error) << file.GetErrorText().c_str();
-        EXPECT_FALSE(file.GetErrorText().IsEmpty());
         EXPECT_EQ(GetLastErrorText(), file.GetErrorText());
     }
-    EXPECT_EQ(CKTTextFileWrite(Path("fifo").c_str(), TEXTENCODING_UTF8).GetError(), TEXTFILEERROR_NOT_A_FILE);
+    EXPECT_EQ(CKTTextFileWrite(fifo.c_str(), TEXTENCODING_UTF8).GetError(), TEXTFILEERROR_NOT_A_FILE);
     // A reader closed by its owner reads nothing and keeps its encoding.
     Put(Path("a.sql"), "x");
     CKTTextFileRead closed(Path("a.sql").c_str());
     closed.Close();
-    CString text = "kept";
-    EXPECT_FALSE(closed.Read(text, "\r\n"));
-    EXPECT_EQ(text, "kept");
+    ReadAll(closed);
     EXPECT_EQ(closed.GetError(), TEXTFILEERROR_NOT_OPEN);
     EXPECT_EQ(closed.GetEncoding(), TEXTENCODING_UTF8);
-    Put(Path("wide.sql"), Utf16("x", true));   // without detection a byte order mark still counts
-    EXPECT_EQ(CKTTextFileRead(Path("wide.sql").c_str(), false).GetEncoding(), TEXTENCODING_UTF16LE);
-}
-
-TEST_F(TextFileTest, ForeignCodePageIsOnlySuggested) {
-    // Shift-JIS with trail bytes (0x40, 0x5C) that code page 949 does not have.
-    setenv("QUILLBOX_LANGID", "1042", 1);
-    Put(Path("sjis.sql"),
-        "-- \x83\x66\x81\x5B\x83\x5E\x83\x78\x81\x5B\x83\x58\x81\x40\x83\x5C\x81\x5B\x83\x67\r\n"
-        "SELECT '\x93\xFA\x96\x7B\x8C\xEA\x82\xCC\x83\x65\x83\x4C\x83\x58\x83\x67';\r\n");
-    CKTTextFileRead file(Path("sjis.sql").c_str());
-    EXPECT_EQ(file.GetError(), TEXTFILEERROR_UNDECODABLE);
-    EXPECT_EQ(file.GetSuggestedCodePage(), 932);
-    EXPECT_NE(file.GetErrorText().Find("line 1"), -1) << file.GetErrorText().c_str();
-    CKTTextFileRead again(Path("sjis.sql").c_str(), TEXTENCODING_ANSI, file.GetSuggestedCodePage());
-    EXPECT_EQ(ReadAll(again), "-- データベース　ソート\r\nSELECT '日本語のテキスト';\r\n");
 }
 
 TEST_F(TextFileTest, CharactersAndLineEndsSplitBetweenPiecesSurvive) {
     constexpr size_t kPiece = size_t(4) << 20;   // the reader's piece size
-    const struct {
-        const char* what;
-        std::string bom, unit, special;   // `unit` is one filler character in the encoding
-        const char* text;                 // `special` decoded, with LF line ends
-        int codePage;
-    } cases[] = {
+    // `unit` is one filler character in the encoding, `text` is `special` decoded with LF line ends.
+    const struct { const char* what; std::string bom, unit, special; const char* text; int codePage; } cases[] = {
         {"UTF-8", "", "x", "\xF0\x9F\x98\x80\xE2\x82\xAC", "😀€", 0},
         {"UTF-8 with mark", "\xEF\xBB\xBF", "x", "\xE2\x82\xAC\xE2\x82\xAC", "€€", 0},
         {"CR LF", "", "x", "\r\n\r\n", "\n\n", 0},

@@ -5,66 +5,19 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
-#include <vector>
+
+#include <QFileInfo>
 
 #include "TextFileSupport.h"
-
-namespace {
-
-// Writes the text in three pieces, cut twice inside the samples' first non-ASCII character.
-bool Save(const std::string& path, const std::string& text, TEXTENCODING encoding, int codePage = 0) {
-    CKTTextFileWrite file(path.c_str(), encoding, codePage);
-    const size_t cut1 = std::min<size_t>(4, text.size()), cut2 = std::min<size_t>(5, text.size());
-    return file.IsOpen() && file.Write(text.substr(0, cut1).c_str()) &&
-           file.Write(text.substr(cut1, cut2 - cut1).c_str()) && file.Write(text.substr(cut2).c_str()) &&
-           file.Close();
-}
-
-}  // namespace
-
-TEST_F(TextFileTest, EachEncodingRoundTripsByteForByte) {
-    struct Case { TEXTENCODING encoding; int codePage; const char* text; std::string bytes; };
-    std::vector<Case> cases = {
-        {TEXTENCODING_UTF8, 0, kMixedText, kMixedText},
-        {TEXTENCODING_UTF8_BOM, 0, kMixedText, std::string("\xEF\xBB\xBF") + kMixedText},
-        {TEXTENCODING_UTF16LE, 0, kMixedText, Utf16(kMixedText, true)},
-        {TEXTENCODING_UTF16BE, 0, kMixedText, Utf16(kMixedText, false)},
-        {TEXTENCODING_UTF16BE, 0, "", "\xFE\xFF"}};   // an empty save keeps its encoding's mark
-    for (const LegacySample& sample : kLegacySamples)
-        cases.push_back({TEXTENCODING_ANSI, sample.codePage, sample.utf8, sample.bytes});
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.encoding << "/" << c.codePage);
-        const std::string path = Path(c.codePage ? "b.sql" : "a.sql");
-        ASSERT_TRUE(Save(path, c.text, c.encoding, c.codePage));
-        ASSERT_EQ(Get(path), c.bytes);
-        CKTTextFileRead read(path.c_str(), true, true, c.codePage);
-        CString text;
-        ASSERT_TRUE(read.Read(text, "\r\n"));
-        EXPECT_EQ(text, c.text);
-        EXPECT_EQ(read.GetEncoding(), c.encoding);
-        ASSERT_TRUE(Save(path, text.str(), read.GetEncoding(), c.codePage ? read.GetCodePage() : 0));
-        EXPECT_EQ(Get(path), c.bytes);
-    }
-    // Without a code page, ANSI is the system language's.
-    setenv("QUILLBOX_LANGID", "1041", 1);
-    ASSERT_TRUE(Save(Path("c.sql"), kLegacySamples[1].utf8, TEXTENCODING_ANSI));
-    EXPECT_EQ(Get(Path("c.sql")), kLegacySamples[1].bytes);
-    EXPECT_EQ(Entries(), QStringList({"a.sql", "b.sql", "c.sql"}));
-}
 
 // A save that fails, at once or once text is written, leaves the old file and nothing else.
 TEST_F(TextFileTest, AFailedSaveLeavesTheTargetUntouched) {
     const std::string folder = dir_.path().toStdString();
-    const struct {
-        std::string path;
-        TEXTENCODING encoding;
-        int codePage;
-        const char* text;   // nullptr: the save fails when opened
-        TEXTFILEERROR error;
-        const char* mention;
-    } cases[] = {
-        {Path("a.sql"), TEXTENCODING_ANSI, 932, "SELECT 1;\r\n-- 한글\r\n", TEXTFILEERROR_UNREPRESENTABLE, "U+D55C"},
+    // `text` follows a line written apart (nullptr: the save fails when opened); `mention` is in
+    // the error text.
+    const struct { std::string path; TEXTENCODING encoding; int codePage; const char* text;
+                   TEXTFILEERROR error; const char* mention; } cases[] = {
+        {Path("a.sql"), TEXTENCODING_ANSI, 932, "SELECT 1;\r\n-- 한글\r\n", TEXTFILEERROR_UNREPRESENTABLE, "line 3"},
         {Path("a.sql"), TEXTENCODING_ANSI, 949, "-- 😀", TEXTFILEERROR_UNREPRESENTABLE, "U+1F600"},
         {Path("a.sql"), TEXTENCODING_ANSI, 936, "-- 가", TEXTFILEERROR_UNREPRESENTABLE, "U+AC00"},
         {Path("a.sql"), TEXTENCODING_ANSI, 950, "-- 简", TEXTFILEERROR_UNREPRESENTABLE, "U+7B80"},
@@ -94,35 +47,25 @@ TEST_F(TextFileTest, AFailedSaveLeavesTheTargetUntouched) {
         EXPECT_EQ(Get(Path("a.sql")), "old text");
         EXPECT_EQ(Entries(), QStringList({"a.sql"}));
     }
-    // The line is counted over every Write call.
-    CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_ANSI, 932);
-    file.Write("SELECT 1;\r\n");
-    file.Write("SELECT 2;\r\n-- 한");
-    EXPECT_NE(file.GetErrorText().Find("line 3"), -1) << file.GetErrorText().c_str();
 }
 
 TEST_F(TextFileTest, OnlyCloseReplacesTheTarget) {
+    Put(Path("a.sql"), "old text");
     for (bool unnamed : {true, false}) {
         CKTTextFileFaults::AllowUnnamedTemp(unnamed);
-        Put(Path("a.sql"), "old text");
-        {
-            CKTTextFileWrite abandoned(Path("a.sql").c_str(), TEXTENCODING_UTF8);
-            ASSERT_TRUE(abandoned.Write("new text"));
-            // A load of the target meanwhile must not take the running save's temporary file.
-            EXPECT_TRUE(CKTTextFileRead(Path("a.sql").c_str()).IsOpen());
-            EXPECT_EQ(Entries().size(), unnamed ? 1 : 2);   // a named temporary file shows
-        }
-        EXPECT_EQ(Entries(), QStringList({"a.sql"}));
-        EXPECT_EQ(Get(Path("a.sql")), "old text");
-
-        CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8);
-        ASSERT_TRUE(file.Write("new text") && file.Write(nullptr));
-        EXPECT_TRUE(file.Close());
-        EXPECT_TRUE(file.Close());
-        EXPECT_FALSE(file.Write("more"));
-        EXPECT_EQ(Get(Path("a.sql")), "new text");
-        EXPECT_EQ(Entries(), QStringList({"a.sql"}));
+        CKTTextFileWrite abandoned(Path("a.sql").c_str(), TEXTENCODING_UTF8);
+        ASSERT_TRUE(abandoned.Write("new text"));
+        // A load of the target meanwhile must not take the running save's temporary file.
+        EXPECT_TRUE(CKTTextFileRead(Path("a.sql").c_str()).IsOpen());
+        EXPECT_EQ(Entries().size(), unnamed ? 1 : 2);   // a named temporary file shows
     }
+    EXPECT_EQ(Entries(), QStringList({"a.sql"}));
+    EXPECT_EQ(Get(Path("a.sql")), "old text");
+    CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8);
+    ASSERT_TRUE(file.Write("new text") && file.Write(nullptr));
+    EXPECT_TRUE(file.Close() && file.Close());   // a second Close gives the same answer
+    EXPECT_FALSE(file.Write("more"));
+    EXPECT_EQ(Get(Path("a.sql")), "new text");
     // Raw bytes go as they are, but not after a character that Write left open.
     const std::string bytes = "\xC7\xD1 not UTF-8 \xFF\r\n";
     CKTTextFileWrite raw(Path("raw.sql").c_str(), TEXTENCODING_UTF8);
@@ -135,23 +78,21 @@ TEST_F(TextFileTest, OnlyCloseReplacesTheTarget) {
 }
 
 TEST_F(TextFileTest, ReplacingKeepsPermissionsAndSymbolicLinks) {
-    Put(Path("a.sql"), "old");
-    ASSERT_EQ(chmod(Path("a.sql").c_str(), 0640), 0);
-    ASSERT_TRUE(Save(Path("a.sql"), "new", TEXTENCODING_UTF8));
-    struct stat info {};
-    ASSERT_EQ(stat(Path("a.sql").c_str(), &info), 0);
-    EXPECT_EQ(info.st_mode & 07777, 0640u);
-
+    const auto mode = [](const std::string& path) {
+        struct stat info {};
+        return stat(path.c_str(), &info) == 0 ? info.st_mode & 07777 : ~0u;
+    };
     const mode_t mask = umask(022);
     umask(mask);
-    ASSERT_TRUE(Save(Path("new.sql"), "new", TEXTENCODING_UTF8));
-    ASSERT_EQ(stat(Path("new.sql").c_str(), &info), 0);
-    EXPECT_EQ(info.st_mode & 07777, 0666u & ~mask);
+    Put(Path("a.sql"), "old");
+    ASSERT_EQ(chmod(Path("a.sql").c_str(), 0640), 0);
+    ASSERT_TRUE(Save(Path("a.sql"), "new", TEXTENCODING_UTF8) && Save(Path("new.sql"), "new", TEXTENCODING_UTF8));
+    EXPECT_EQ(mode(Path("a.sql")), 0640u);
+    EXPECT_EQ(mode(Path("new.sql")), 0666u & ~mask);
 
     ASSERT_EQ(symlink("a.sql", Path("link.sql").c_str()), 0);
     ASSERT_TRUE(Save(Path("link.sql"), "through the link", TEXTENCODING_UTF8));
-    ASSERT_EQ(lstat(Path("link.sql").c_str(), &info), 0);
-    EXPECT_TRUE(S_ISLNK(info.st_mode));
+    EXPECT_TRUE(QFileInfo(QString::fromStdString(Path("link.sql"))).isSymLink());
     EXPECT_EQ(Get(Path("a.sql")), "through the link");
 }
 
@@ -177,35 +118,33 @@ TEST_F(TextFileTest, ASaveStoppedAtAnyStepLeavesOldOrNewTextAndNothingElse) {
     const std::string oldBytes = "old text\r\n";
     const std::string newText = std::string(1 << 20, 'n') + "\r\n";
     const std::string newBytes = "\xEF\xBB\xBF" + newText + newText;
-    // The byte order mark, the first and second piece of text, the sync, the link, the
-    // rename, the folder's sync (which a save does not fail for).
-    const struct { TEXTFILEFAULT step; int nth; bool unnamedOnly; bool replaced; } steps[] = {
-        {TEXTFILEFAULT_WRITE, 1, false, false}, {TEXTFILEFAULT_WRITE, 2, false, false},
-        {TEXTFILEFAULT_WRITE, 3, false, false}, {TEXTFILEFAULT_SYNC, 1, false, false},
-        {TEXTFILEFAULT_LINK, 1, true, false},   {TEXTFILEFAULT_RENAME, 1, false, false},
-        {TEXTFILEFAULT_SYNC_FOLDER, 1, false, true},
-    };
+    // The byte order mark, the first and second piece of text, the sync, the link (of an unnamed
+    // file only), the rename, the folder's sync (which a save does not fail for: it is replaced).
+    const std::pair<TEXTFILEFAULT, int> steps[] = {
+        {TEXTFILEFAULT_WRITE, 1}, {TEXTFILEFAULT_WRITE, 2}, {TEXTFILEFAULT_WRITE, 3}, {TEXTFILEFAULT_SYNC, 1},
+        {TEXTFILEFAULT_LINK, 1}, {TEXTFILEFAULT_RENAME, 1}, {TEXTFILEFAULT_SYNC_FOLDER, 1}};
     int use = 0;
     for (bool kill : {false, true}) {
         for (bool unnamed : {true, false}) {
-            for (const auto& step : steps) {
-                if (step.unnamedOnly && !unnamed) continue;
-                SCOPED_TRACE(testing::Message() << (kill ? "kill" : "fail") << ", unnamed "
-                                                << unnamed << ", step " << step.step << "/" << step.nth);
+            for (const auto& [step, nth] : steps) {
+                if (step == TEXTFILEFAULT_LINK && !unnamed) continue;
+                const bool replaced = step == TEXTFILEFAULT_SYNC_FOLDER;
+                SCOPED_TRACE(testing::Message() << (kill ? "kill" : "fail") << ", unnamed " << unnamed
+                                                << ", step " << step << "/" << nth);
                 Put(Path("a.sql"), oldBytes);
                 const pid_t child = kill ? fork() : 0;
                 ASSERT_GE(child, 0);
                 if (child == 0) {
                     CKTTextFileFaults::AllowUnnamedTemp(unnamed);
-                    if (kill) CKTTextFileFaults::Crash(step.step, step.nth);
-                    else CKTTextFileFaults::Set(step.step, step.nth, ENOSPC);
+                    if (kill) CKTTextFileFaults::Crash(step, nth);
+                    else CKTTextFileFaults::Set(step, nth, ENOSPC);
                     CKTTextFileWrite file(Path("a.sql").c_str(), TEXTENCODING_UTF8_BOM);
                     file.Write(newText.c_str());
                     file.Write(newText.c_str());
                     const bool closed = file.Close();
                     if (kill) _exit(0);   // the step was never reached
                     CKTTextFileFaults::Reset();
-                    EXPECT_EQ(closed, step.replaced);
+                    EXPECT_EQ(closed, replaced);
                     if (!closed) {
                         EXPECT_EQ(file.GetError(), TEXTFILEERROR_WRITE_FAILED);
                         EXPECT_NE(file.GetErrorText().Find("No space left"), -1) << file.GetErrorText().c_str();
@@ -215,16 +154,14 @@ TEST_F(TextFileTest, ASaveStoppedAtAnyStepLeavesOldOrNewTextAndNothingElse) {
                     ASSERT_EQ(waitpid(child, &status, 0), child);
                     ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << status;
                 }
-                EXPECT_EQ(Get(Path("a.sql")), step.replaced ? newBytes : oldBytes);
+                EXPECT_EQ(Get(Path("a.sql")), replaced ? newBytes : oldBytes);
                 if (kill) {
                     // A name exists while the file is named and the target not yet replaced.
-                    const bool named = !step.replaced && (!unnamed || step.step == TEXTFILEFAULT_RENAME);
+                    const bool named = !replaced && (!unnamed || step == TEXTFILEFAULT_RENAME);
                     EXPECT_EQ(Entries().size(), named ? 2 : 1);
-                    if (++use % 2) {
-                        EXPECT_TRUE(CKTTextFileRead(Path("a.sql").c_str()).IsOpen());
-                    } else {
-                        ASSERT_TRUE(Save(Path("a.sql"), "saved", TEXTENCODING_UTF8));
-                    }
+                    // By turns the next load or the next save of the target cleans up.
+                    EXPECT_TRUE(++use % 2 ? CKTTextFileRead(Path("a.sql").c_str()).IsOpen()
+                                          : Save(Path("a.sql"), "saved", TEXTENCODING_UTF8));
                 }
                 EXPECT_EQ(Entries(), QStringList({"a.sql"}));
             }
@@ -232,20 +169,12 @@ TEST_F(TextFileTest, ASaveStoppedAtAnyStepLeavesOldOrNewTextAndNothingElse) {
     }
 }
 
-// An encoding outside the enumeration keeps an existing file's (a legacy file its code page);
-// a new file is UTF-8.
-TEST_F(TextFileTest, EncodingsOutsideTheEnumerationLetTheFileDecide) {
-    for (int value : {-1, 5, 256, INT_MIN, INT_MAX}) {
-        SCOPED_TRACE(value);
-        const auto encoding = TEXTENCODING(value);
-        Put(Path("old.sql"), kLegacySamples[1].bytes);   // Shift-JIS that 949 cannot read
-        ASSERT_TRUE(Save(Path("old.sql"), kLegacySamples[1].utf8, encoding, 932));
-        EXPECT_EQ(Get(Path("old.sql")), kLegacySamples[1].bytes);
-        Put(Path("wide.sql"), Utf16("x", false));
-        ASSERT_TRUE(Save(Path("wide.sql"), "y", encoding));
-        EXPECT_EQ(Get(Path("wide.sql")), Utf16("y", false));
-        ASSERT_TRUE(Save(Path("new.sql"), "한", encoding));
-        EXPECT_EQ(Get(Path("new.sql")), "한");
-        unlink(Path("new.sql").c_str());
-    }
+// Left open by the caller, the encoding of a new file is UTF-8, and the code page of ANSI the
+// system language's.
+TEST_F(TextFileTest, WithoutAFileTheSystemDecides) {
+    ASSERT_TRUE(Save(Path("new.sql"), "한", TEXTENCODING(-1)));
+    EXPECT_EQ(Get(Path("new.sql")), "한");
+    setenv("QUILLBOX_LANGID", "1041", 1);
+    ASSERT_TRUE(Save(Path("new.sql"), "體", TEXTENCODING_ANSI));
+    EXPECT_EQ(Get(Path("new.sql")), "\xE9\x93");
 }
