@@ -1,7 +1,11 @@
-// The statement around the caret: word normal form, one-piece scans, whole extractions over
-// the scripts of the case files, the line budget, odd carets and bytes, and the block-comment check.
+// The statement around the caret: word normal form, one-piece scans and the block-comment check
+// (scans.txt), whole extractions over the scripts of the case files, the line budget, odd carets
+// and bytes.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -31,11 +35,16 @@ std::string Marked(const std::string& script, size_t caret, const StatementExtra
     return marked;
 }
 
-// One scan of `piece`: the kept text, then "+" when the statement goes on, then "*" when armed.
-std::string Scan(const std::string& piece, bool forward, bool armed = false) {
-    CString text(piece);
-    const bool goesOn = StatementExtractor::GetSingleQuery(text, armed, forward);
-    return text.str() + (goesOn ? "+" : "") + (armed ? "*" : "");
+// A field of scans.txt: \r \n \t \v \0 \\ and \xNN stand for their bytes.
+std::string unescape(std::string_view s) {
+    std::string out;
+    for (size_t i = 0; i < s.size(); ++i) {
+        const size_t k =
+            i + 1 < s.size() && s[i] == '\\' ? std::string_view("rntv0\\x").find(s[++i]) : std::string_view::npos;
+        if (k == 6) out += char(std::stoi(std::string(s.substr(i + 1, 2)), nullptr, 16)), i += 2;
+        else out += k < 6 ? "\r\n\t\v\0\\"[k] : s[i];
+    }
+    return out;
 }
 
 std::string Query(const std::vector<CString>& lines, int line, int column) {
@@ -44,36 +53,32 @@ std::string Query(const std::vector<CString>& lines, int line, int column) {
 
 }  // namespace
 
-TEST(StatementExtraction, InitTokenLowersThenStripsParenthesesInOrder) {
-    EXPECT_EQ(StatementExtractor::InitToken("((SeLeCt))").str(), "select");
-    // Each strip runs once, in its turn: what shows only after a later strip stays.
-    EXPECT_EQ(StatementExtractor::InitToken(")(select").str(), "(select");
-    EXPECT_EQ(StatementExtractor::InitToken("select()").str(), "select(");
-    EXPECT_EQ(StatementExtractor::InitToken("\xC3\x89T").str(), "\xC3\x89t");   // ASCII only
-}
-
-TEST(StatementExtraction, SingleQueryBoundariesAndPairing) {
-    // No boundary: the piece is untouched; a select arms backward, an alias forward.
-    EXPECT_EQ(Scan(" select a as b\r\n", false), " select a as b\r\n+*");
-    EXPECT_EQ(Scan("x as y is z", true), "x as y is z+*");
-    // ';' cuts; kept text that starts with a blank gets one blank for all its leading space.
-    EXPECT_EQ(Scan("   and b.z = 1;\r\n", true), " and b.z = 1");
-    EXPECT_EQ(Scan("a;\t b", false), "\t b");
-    EXPECT_EQ(Scan("   ;", true), "");
-    // The ';' wins over a word touching it, which is never tested.
-    EXPECT_EQ(Scan("x;select", false), "select");
-    // Pairs: "is" before a select backward, a select after "as" forward (also armed earlier).
-    EXPECT_EQ(Scan("  cursor c IS (SELECT", false), " (SELECT");
-    EXPECT_EQ(Scan("x as y (select z", true), "x as y ");
-    EXPECT_EQ(Scan("\r\nselect 2", true, true), "\r\n");
-    // begin, for, loop stop alone, whole with their parentheses, also at the piece's edges.
-    EXPECT_EQ(Scan("  x (LOOP) y", false), " y");
-    EXPECT_EQ(Scan("a b for", true), "a b ");
-    EXPECT_EQ(Scan("for a b", false), " a b");
-    // Bytes from 0x80 up are no white space; NUL is a word byte; \v is white space.
-    EXPECT_EQ(Scan("is\xC2\xA0select", false), "is\xC2\xA0select+");
-    EXPECT_EQ(Scan("x is\vselect", false), "\vselect");
-    EXPECT_EQ(Scan(std::string("be\0gin", 6), true), std::string("be\0gin+", 7));
+// Each line of scans.txt checks a word's normal form, one scan of a piece, or the block
+// comment check of one line.
+TEST(StatementExtraction, ScansOfTheCaseFile) {
+    CStringArray ranges;
+    for (const char* range : {"2,5", "8,8", "junk", "", "99999999999999999999,-9999999999999"}) ranges.Add(range);
+    std::istringstream rows(ReadCase(std::filesystem::path(QUILLBOX_TEST_DATA) / "extract" / "scans.txt"));
+    int checked = 0;
+    for (std::string row; std::getline(rows, row);) {
+        if (row.empty() || row[0] == '#') continue;
+        const size_t bar = row.find('|'), last = row.rfind('|');
+        ASSERT_LT(bar, last) << row;
+        const std::string kind = row.substr(0, bar);
+        CString text(unescape(row.substr(bar + 1, last - bar - 1)));
+        bool armed = kind.ends_with('*');
+        if (kind == "token") {
+            text = StatementExtractor::InitToken(text);
+        } else if (kind.starts_with("comment")) {
+            const char* at = kind.c_str() + 8;
+            text = StatementExtractor::CheckComment(text, ranges, std::atoi(at), std::atoi(std::strchr(at, ',') + 1));
+        } else if (StatementExtractor::GetSingleQuery(text, armed, kind[0] == '>')) {
+            text += "+";
+        }
+        EXPECT_EQ(text.str() + (armed ? "*" : ""), unescape(row.substr(last + 1))) << row;
+        ++checked;
+    }
+    EXPECT_GT(checked, 25);
 }
 
 // Each case is a script in <name>.sql, marked as Marked() writes it, with the query in
@@ -135,20 +140,4 @@ TEST(StatementExtraction, BudgetBoundsTheLinesRead) {
     const VectorStatementSource far(sparse, 1100, 0);
     EXPECT_EQ(StatementExtractor::GetCurrentQuery(far).str(), "");
     EXPECT_EQ(far.LowestLineRead(), 600);
-}
-
-TEST(StatementExtraction, CheckCommentFindsBlockCommentsAndCutsLineComments) {
-    CStringArray ranges;
-    for (const char* range : {"2,5", "8,8", "junk", "", "99999999999999999999,-9999999999999"})
-        ranges.Add(range);
-    const auto check = [&](const char* line, int lineNo, int column) {
-        return StatementExtractor::CheckComment(line, ranges, lineNo, column).str();
-    };
-    EXPECT_EQ(check("anything -- x", 3, 0), "");
-    EXPECT_EQ(check("select /* open", 2, 10), "");
-    EXPECT_EQ(check("close */ select", 5, 2), "");
-    EXPECT_EQ(check("close */ x -- y", 5, 10), "close */ x ");
-    EXPECT_EQ(check("a /* b */ c", 8, 6), "");
-    EXPECT_EQ(check("a /* b */ c", 8, 10), "a /* b */ c");
-    EXPECT_EQ(check("x -- y", 1, -4), "x ");
 }

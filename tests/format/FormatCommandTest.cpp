@@ -14,12 +14,8 @@
 namespace {
 class FormatWindow : public CKTScinWnd {
 public:
-    using CKTScinWnd::commaInList;
     using CKTScinWnd::isSQLKeyword;
     using CKTScinWnd::isSQLKeyword2;
-    using CKTScinWnd::keywordAlign;
-    using CKTScinWnd::keywordCase;
-    using CKTScinWnd::multiline;
     using CKTScinWnd::SendEditor;
 };
 
@@ -106,7 +102,9 @@ TEST_F(FormatCommand, WholeTextOrSelectionIsOneUndoStepAndKeepsTheSavePoint) {
     EXPECT_EQ(text(), "-- keep\nselect a from t\n-- keep too");
 }
 
-TEST_F(FormatCommand, OptionsAreReadFreshAtEachCall) {
+// The options are read from the settings at each call; settings that cannot be read leave
+// them as they were.
+TEST_F(FormatCommand, OptionsAreReadAtEachCallAndKeptWhenTheSettingsAreClosed) {
     window->SetText("select a, b from t", 0);
     setSetting("Keyword Case", 1);
     window->FormatSql();  // no ApplyOptionOnRealtime in between
@@ -117,22 +115,10 @@ TEST_F(FormatCommand, OptionsAreReadFreshAtEachCall) {
     setSetting("Multiline", 1);
     window->FormatSql();
     EXPECT_EQ(text(), "select\n    a\n  , b\nfrom\n    t");
-    EXPECT_FALSE(window->keywordAlign);
-    EXPECT_TRUE(window->commaInList);
-    EXPECT_TRUE(window->multiline);
-    EXPECT_EQ(window->keywordCase, 2);
-}
 
-TEST_F(FormatCommand, AClosedSettingsKeyLeavesTheOptionsAsTheyAre) {
-    window->keywordCase = 1;
     ASSERT_FALSE(RegSetStorePath("/proc/quillbox-no-such-dir/registry.sqlite"));
-    {
-        CKTMgrSetting probe(0);
-        ASSERT_EQ(probe.GetKey(), nullptr);
-    }
-    window->SetText("select a from t", 0);
+    ASSERT_EQ(CKTMgrSetting(0).GetKey(), nullptr);
+    window->SetText("select a, b from t", 0);
     window->FormatSql();
-    EXPECT_TRUE(window->keywordAlign);
-    EXPECT_EQ(window->keywordCase, 1);
-    EXPECT_EQ(text(), "SELECT a\n  FROM t");
+    EXPECT_EQ(text(), "select\n    a\n  , b\nfrom\n    t");
 }

@@ -1,0 +1,1 @@
+? :key : gap ? ( /* open :x ? '

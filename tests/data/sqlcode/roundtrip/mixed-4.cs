@@ -1,0 +1,2 @@
+StringBuilder SB = new StringBuilder();
+:Bind1 

@@ -1,0 +1,2 @@
+StringBuffer strSQL = new StringBuffer();
+:Bind1 
