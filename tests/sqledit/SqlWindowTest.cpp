@@ -1,5 +1,5 @@
-// The SQL window: the remembered code language, its options, the direct line to the engine,
-// text inserted by the host, and positions.
+// The SQL window: the remembered code language, the direct line to the engine, text inserted
+// by the host, and positions.
 #include "SqlWindow.h"
 
 TEST_F(SqlWindowTest, TheCodeLanguageIsReadAndWrittenByItsStoredName) {
@@ -13,20 +13,11 @@ TEST_F(SqlWindowTest, TheCodeLanguageIsReadAndWrittenByItsStoredName) {
     EXPECT_EQ(unchanged.GetScriptLangCode(), LangVb);
 }
 
-TEST_F(SqlWindowTest, OptionsEncodingAndTheDirectLine) {
-    EXPECT_EQ(window->GetChangeCase(), 0);
-    CKTMgrSetting(0).SetInt("Change Case", 2);
-    window->ApplyOptionOnRealtime();
-    EXPECT_EQ(window->GetChangeCase(), 2);
-    EXPECT_EQ(window->GetEncoding(), EncodingUndecided);
-    window->SetEncoding(EncodingAnsi);
-    EXPECT_EQ(window->GetEncoding(), EncodingAnsi);
-    EXPECT_EQ(send(SCI_GETCODEPAGE), SC_CP_UTF8);  // the code-page operation is another one
-
+// The direct line reaches the engine's extension messages too.
+TEST_F(SqlWindowTest, TheDirectLineTakesExtensionMessages) {
     ASSERT_NE(window->directFunction, nullptr);
-    EXPECT_EQ(send(SCI_AUTOCGETSEPARATOR), '|');
     load("abcdef");
-    window->directFunction(window->directPointer, SCI_DELETERANGE_EXT, 1, 3);  // an extension message
+    window->directFunction(window->directPointer, SCI_DELETERANGE_EXT, 1, 3);
     EXPECT_EQ(text(), "adef");
 }
 
