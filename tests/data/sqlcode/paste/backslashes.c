@@ -1,0 +1,1 @@
+pszSQL = "select * from t where a like 'x\\%' escape '\\' and b = \"q\"" ;

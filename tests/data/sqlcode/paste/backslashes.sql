@@ -1,0 +1,1 @@
+select * from t where a like 'x\\%' escape '\\' and b = "q"
