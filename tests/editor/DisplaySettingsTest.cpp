@@ -47,8 +47,6 @@ TEST_F(EditorTest, FontsColoursTabsAndScrollBars) {
 
 TEST_F(EditorTest, LinesAndColumnsCountFromOneForTheUser) {
     load("first\n  second\nthird\n");
-    editor->GotoLine(1);
-    EXPECT_EQ(editor->GetCurrentLine(), 1);
     EXPECT_EQ(editor->GetCurrentColumn(), 1);
     editor->GotoLineEnsureVisible(1);
     EXPECT_EQ(editor->GetCurrentLine(), 2);

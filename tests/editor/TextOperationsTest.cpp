@@ -75,9 +75,6 @@ TEST_F(EditorTest, AppendWithLimitTrimsTheFrontOrReplaces) {
 
 TEST_F(EditorTest, ReadingBySelectionsPointsAndLines) {
     load("first\nsecond line\nthird");
-    char out[32];
-    editor->GetRange(3, 9, out);
-    EXPECT_STREQ(out, "st\nsec");
     EXPECT_EQ(std::string({editor->GetChar(0), editor->GetChar(1)}), std::string("\0f", 2));  // the byte before
     for (auto [got, expected] : {std::pair{editor->GetText(CPoint(1, 1), CPoint(6, 1)), "econd"},
                                  {editor->GetText(CPoint(2, 0), CPoint(2, 0)), ""},
