@@ -102,10 +102,10 @@ TEST_F(EditorTest, ReadingBySelectionsPointsAndLines) {
 TEST_F(EditorTest, UndoCollectionAndClipboard) {
     load("x");
     send(SCI_APPENDTEXT, 1, reinterpret_cast<LPARAM>("y"));
-    editor->SetUndoCollection(1);  // on: from a save point
-    EXPECT_EQ(send(SCI_GETMODIFY), 0);
+    editor->SetUndoCollection(1);  // on: from a save point, the history kept
+    EXPECT_TRUE(send(SCI_GETMODIFY) == 0 && send(SCI_CANUNDO) == 1);
     editor->SetUndoCollection(0);  // off: the history goes
-    EXPECT_EQ(send(SCI_CANUNDO), 0);
+    EXPECT_TRUE(send(SCI_CANUNDO) == 0 && send(SCI_GETUNDOCOLLECTION) == 0);
     QGuiApplication::clipboard()->clear();
     editor->PutToClipboard("copied 한글");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QString::fromUtf8("copied 한글"));
