@@ -72,7 +72,7 @@ QuillEngine::QuillEngine(CWnd* owner, QWidget* parent)
     // is coloured before it is needed.
     direct(SCI_SETIDLESTYLING, SC_IDLESTYLING_TOVISIBLE);
     // The engine paints every pixel of its view, so Qt need not clear it first; a paint that
-    // keeps the last frame (lastFrameStillShows) then leaves the picture as it was.
+    // keeps the last frame (paintEvent) then leaves the picture as it was.
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     EngineAccessible::install();
     connectSignals();
@@ -425,13 +425,19 @@ bool QuillEngine::viewportEvent(QEvent* e) {
 }
 
 void QuillEngine::paintEvent(QPaintEvent* e) {
-    colourWhatShows();
-    if (lastFrameStillShows(*e)) {
+    const bool colouringAboveView = colourWhatShows();
+    const bool toScreen = paintsToScreen();
+    const Frame now = toScreen ? shownFrame() : Frame{};
+    if (toScreen && colouringAboveView && now == lastFrame_ && e->rect().contains(viewport()->rect()) &&
+        !window()->testAttribute(Qt::WA_TranslucentBackground) && ask(SCI_GETWRAPMODE) == SC_WRAP_NONE) {
+        // The same picture as the last one on the screen: keep it. (A translucent window's
+        // backing store is cleared before each paint; wrapping can move lines in the view
+        // while colouring runs above it.)
         ++counters_.framesKept;
         return;
     }
     QsciScintillaBase::paintEvent(e);
-    if (paintsToScreen()) rememberFrame();
+    if (toScreen) lastFrame_ = now;
 }
 
 // A paint for the screen goes to the top-level window's backing store; grab() and render()
@@ -446,44 +452,31 @@ bool QuillEngine::paintsToScreen() const {
     return (viewport()->*redirectedOf)(&offset) == store->paintDevice();
 }
 
-void QuillEngine::rememberFrame() {
-    lastFrame_ = {viewEpoch_, ask(SCI_GETFIRSTVISIBLELINE), ask(SCI_GETXOFFSET), viewport()->size(),
-                  viewport()->backingStore()->size()};
+QuillEngine::Frame QuillEngine::shownFrame() const {
+    return {viewEpoch_, ask(SCI_GETFIRSTVISIBLELINE), ask(SCI_GETXOFFSET), viewport()->size(),
+            viewport()->backingStore()->size()};
 }
 
-bool QuillEngine::lastFrameStillShows(const QPaintEvent& e) {
-    if (!e.rect().contains(viewport()->rect()) || !paintsToScreen()) return false;
-    // A translucent window's backing store is cleared before each paint; wrapping can move
-    // lines in the view while colouring runs above it.
-    if (window()->testAttribute(Qt::WA_TranslucentBackground) || ask(SCI_GETWRAPMODE) != SC_WRAP_NONE)
-        return false;
-    const long firstLine = ask(SCI_GETFIRSTVISIBLELINE);
-    const Frame now{viewEpoch_, firstLine, ask(SCI_GETXOFFSET), viewport()->size(),
-                    viewport()->backingStore()->size()};
-    if (!(now == lastFrame_)) return false;
-    // The same picture only while all colouring still happens above the first line shown.
-    return ask(SCI_GETENDSTYLED) < ask(SCI_POSITIONFROMLINE, WPARAM(ask(SCI_DOCLINEFROMVISIBLE, WPARAM(firstLine))));
-}
-
-void QuillEngine::colourWhatShows() {
+bool QuillEngine::colourWhatShows() {
     constexpr double kSyncColouringSeconds = 0.05;
     // Text that shows already, or follows what is coloured, the engine's paint colours itself
     // (an edit, a scroll by a page); this is for a jump far ahead of the colouring.
-    if (direct(SCI_GETLEXER) <= SCLEX_NULL) return;  // nothing to colour without a lexer
-    const long endStyled = direct(SCI_GETENDSTYLED);
-    const long firstShown = direct(SCI_DOCLINEFROMVISIBLE, WPARAM(direct(SCI_GETFIRSTVISIBLELINE)));
-    if (endStyled >= direct(SCI_POSITIONFROMLINE, WPARAM(firstShown))) return;
-    const long lastShown = direct(SCI_DOCLINEFROMVISIBLE,
-                                  WPARAM(direct(SCI_GETFIRSTVISIBLELINE) + direct(SCI_LINESONSCREEN) + 1));
-    const long shownEnd = std::min(direct(SCI_GETLENGTH), direct(SCI_GETLINEENDPOSITION, WPARAM(lastShown)));
+    if (ask(SCI_GETLEXER) <= SCLEX_NULL) return false;  // nothing to colour without a lexer
+    const long endStyled = ask(SCI_GETENDSTYLED);
+    const long firstVisible = ask(SCI_GETFIRSTVISIBLELINE);
+    if (endStyled >= ask(SCI_POSITIONFROMLINE, WPARAM(ask(SCI_DOCLINEFROMVISIBLE, WPARAM(firstVisible))))) return false;
+    const long lastShown = ask(SCI_DOCLINEFROMVISIBLE, WPARAM(firstVisible + ask(SCI_LINESONSCREEN) + 1));
+    const long shownEnd = std::min(ask(SCI_GETLENGTH), ask(SCI_GETLINEENDPOSITION, WPARAM(lastShown)));
     const long missing = shownEnd - endStyled;
-    if (missing <= 0 || double(missing) > colouringBytesPerSecond_ * kSyncColouringSeconds) return;
+    if (missing <= 0) return false;
+    if (double(missing) > colouringBytesPerSecond_ * kSyncColouringSeconds) return true;
     const auto start = std::chrono::steady_clock::now();
     direct(SCI_COLOURISE, WPARAM(endStyled), shownEnd);
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     // Only runs long enough to time well correct the rate; it moves a quarter of the way.
     if (missing >= (64 << 10) && seconds > 0)
         colouringBytesPerSecond_ = 0.75 * colouringBytesPerSecond_ + 0.25 * (double(missing) / seconds);
+    return false;
 }
 
 void QuillEngine::resizeEvent(QResizeEvent* e) {

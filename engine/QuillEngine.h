@@ -90,14 +90,15 @@ private:
     void flushPendingChange();
     void keyPressEventInner(QKeyEvent* e);
     // Colours the text about to be painted when that is quick (at most kSyncColouringSeconds
-    // by the rate measured so far); more is left to the engine's idle slices.
-    void colourWhatShows();
+    // by the rate measured so far); more is left to the engine's idle slices. Returns whether
+    // the colouring still stops above the first line shown.
+    bool colourWhatShows();
     // While colouring runs in the text above the view, each of the engine's idle slices asks
     // for a whole repaint that would draw the same picture again. The screen keeps the last
     // frame instead when nothing that shows has changed since it was painted.
-    bool lastFrameStillShows(const QPaintEvent& e);
-    void rememberFrame();
     bool paintsToScreen() const;
+    struct Frame;
+    Frame shownFrame() const;
     bool carriesPrivateDrop(const QMimeData* data) const;
 
     CWnd* owner_;
