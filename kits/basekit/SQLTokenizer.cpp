@@ -252,8 +252,8 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
             // The whole run: splitting !~ or @> would change what the SQL means. It stops
             // where a comment starts and before a bind variable (=:x).
             ++i;
-            while (i < n && isOperatorByte(at(i)) && !(at(i) == '-' && at(i + 1) == '-') &&
-                   !(at(i) == '/' && at(i + 1) == '*') && !(at(i) == ':' && at(i - 1) != ':' && isWordByte(at(i + 1))))
+            while (i < n && isOperatorByte(at(i)) && !sqllex::startsLineComment(text, i) &&
+                   !sqllex::startsBlockComment(text, i) && !(at(i) == ':' && at(i - 1) != ':' && isWordByte(at(i + 1))))
                 ++i;
             if (i - start == 1 && c == '?') kind = Kind::Bind;
         } else {
