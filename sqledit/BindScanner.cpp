@@ -18,9 +18,9 @@ int utf8Length(std::string_view s, size_t i) {
 
 // Index of the first byte at or after `from`, outside literals and comments, for which `hit`
 // holds; -1 when there is none or a literal or comment runs into the end of the text. Unlike
-// the formatter, these scanners know '...' and "..." as their only literals, with no backslash
-// escape (reading a doubled quote as one skips the same bytes as closing and reopening), no
-// q-quotes and no dollar quotes, and a line comment ends at LF alone.
+// the formatter, these scanners know '...' and "..." as their only literals, with no escape
+// (a doubled quote closes and reopens), no q-quotes and no dollar quotes, and a line comment
+// ends at LF alone.
 template <class Hit>
 int walk(std::string_view s, int from, Hit hit) {
     const size_t n = s.size();
@@ -28,7 +28,7 @@ int walk(std::string_view s, int from, Hit hit) {
         const char c = s[i];
         sqllex::Run run;
         if (c == '\'' || c == '"') {
-            run = sqllex::skipQuoted(s, i, c);
+            run = sqllex::skipQuoted(s, i, c, sqllex::Escape::None);
         } else if (sqllex::startsLineComment(s, i)) {
             run = sqllex::skipLineComment(s, i);
         } else if (sqllex::startsBlockComment(s, i)) {

@@ -218,9 +218,9 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
                 terminated = skip(sqllex::skipQuoted(text, i, char(at(i))));
             }
             if (kind == Kind::Word) i += attributeAt(text, i);
-        } else if (c == '%' && attributeAt(text, i) > 0) {
+        } else if (const std::size_t attribute = attributeAt(text, i); attribute > 0) {
             kind = Kind::Word;  // "name"%TYPE
-            i += attributeAt(text, i);
+            i += attribute;
         } else if (c == ':' && (isWordByte(at(i + 1)) || at(i + 1) == '\'' || at(i + 1) == '"')) {
             kind = Kind::Bind;  // :name, :1, and psql's :'name' and :"name"
             ++i;
@@ -252,8 +252,8 @@ std::vector<CSQLFormatter::Token> CSQLFormatter::Tokenize(std::string_view text)
             // The whole run: splitting !~ or @> would change what the SQL means. It stops
             // where a comment starts and before a bind variable (=:x).
             ++i;
-            while (i < n && isOperatorByte(at(i)) && !(at(i) == '-' && at(i + 1) == '-') &&
-                   !(at(i) == '/' && at(i + 1) == '*') && !(at(i) == ':' && at(i - 1) != ':' && isWordByte(at(i + 1))))
+            while (i < n && isOperatorByte(at(i)) && !sqllex::startsLineComment(text, i) &&
+                   !sqllex::startsBlockComment(text, i) && !(at(i) == ':' && at(i - 1) != ':' && isWordByte(at(i + 1))))
                 ++i;
             if (i - start == 1 && c == '?') kind = Kind::Bind;
         } else {

@@ -44,7 +44,7 @@ public:
                 toLineEnd();
                 ends = true;
                 chooseDelimiter(s_.substr(from, i_ - from));
-            } else if ((c == '-' && at(i_ + 1) == '-') || (c == '#' && (isBlank(at(i_ + 1)) || at(i_ + 1) == '#' || i_ + 1 >= s_.size()))) {
+            } else if (sqllex::startsLineComment(s_, i_) || (c == '#' && (isBlank(at(i_ + 1)) || at(i_ + 1) == '#' || i_ + 1 >= s_.size()))) {
                 toLineEnd();
                 comment = true;
             } else if (sqllex::startsBlockComment(s_, i_)) {
@@ -99,7 +99,7 @@ public:
                 while (isWordByte(at(i_))) ++i_;
             } else if (isOperatorByte(c)) {
                 ++i_;
-                while (isOperatorByte(at(i_)) && !(at(i_) == '-' && at(i_ + 1) == '-') && !(at(i_) == '/' && at(i_ + 1) == '*') &&
+                while (isOperatorByte(at(i_)) && !sqllex::startsLineComment(s_, i_) && !sqllex::startsBlockComment(s_, i_) &&
                        !(at(i_) == ':' && at(i_ - 1) != ':' && isWordByte(at(i_ + 1))))
                     ++i_;
             } else {

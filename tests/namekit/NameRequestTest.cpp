@@ -2,7 +2,9 @@
 // aliases that the query around the caret binds through literals, quoted names and comments.
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "NameRequest.h"
 
@@ -23,13 +25,20 @@ std::string Parts(std::string_view name) {
     for (const NamePart& part : SplitName(name)) out += (out.empty() ? "" : " | ") + part.raw + ">" + part.value;
     return out;
 }
+
+struct Row {
+    const char* input;
+    const char* expected;
+};
+
+// Each row's input as `read` shows it, against the row's expected text.
+void ExpectRows(std::string (*read)(std::string_view), std::initializer_list<Row> rows) {
+    for (const Row& row : rows) EXPECT_EQ(read(row.input), row.expected) << row.input;
+}
 }  // namespace
 
 TEST(NameRequest, AliasesAreReadPastLiteralsQuotedNamesAndComments) {
-    const struct {
-        const char* query;
-        const char* aliases;
-    } rows[] = {
+    ExpectRows(Aliases, {
         {"select 'from x a', 'it''s' -- from y b\n/* join z c */ from t d", "d=t"},
         {"select * from S.\"Order \"\"Lines\"\"\" AS \"L\", [x y] b, `u` c", "b=x y c=u l=s.order \"lines\""},
         // An alternative quote may hold a lone quote; what follows it still binds.
@@ -42,19 +51,14 @@ TEST(NameRequest, AliasesAreReadPastLiteralsQuotedNamesAndComments) {
         {"select $1 from t a", "a=t"},
         {"select * from t a where x = 'open", "a=t"},
         {"/* open from t a", ""},
-    };
-    for (const auto& row : rows) EXPECT_EQ(Aliases(row.query), row.aliases) << row.query;
+    });
 }
 
 TEST(NameRequest, SplitNameKeepsTheRawTextAndReadsDoubledQuotes) {
-    const struct {
-        const char* name;
-        const char* parts;
-    } rows[] = {
+    ExpectRows(Parts, {
         {"o.c", "o>o | c>c"},
         {"\"a\"\"b\".[c.d].`e``", "\"a\"\"b\">a\"b | [c.d]>c.d | `e``>e`"},
         {"x\"y.", "x\"y>x\"y | >"},
         {"", ">"},
-    };
-    for (const auto& row : rows) EXPECT_EQ(Parts(row.name), row.parts) << row.name;
+    });
 }
