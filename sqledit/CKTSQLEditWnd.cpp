@@ -267,7 +267,7 @@ CString CKTSQLEditWnd::getObjectAtCaret() {
     int start = column;
     if (column > 0) {
         const unsigned char at = column < length ? static_cast<unsigned char>(line[column]) : 0;
-        const bool behindWord = column >= length || at == ';' || at == ',' || (at < 0x80 && isBlank(at));
+        const bool behindWord = column >= length || at == ';' || at == ',' || isBlank(at);
         if (behindWord && !isBlank(static_cast<unsigned char>(line[column - 1]))) start = column - 1;
     }
     if (length == 0 || start >= length || !isTableWord(line, start)) return CString();
