@@ -316,24 +316,20 @@ private:
         return true;
     }
 
-    // The characters of bytes below 0x80: the bytes themselves, or a copy with the few bytes
-    // that are not their own character looked for and replaced.
+    // The characters of bytes below 0x80: the bytes themselves, or, for the rare run that
+    // holds a byte that is not its own character, a copy mapped byte by byte.
     template <typename Emit>
     void EmitAscii(const unsigned char* bytes, size_t size, Emit& emit) {
         const std::string_view run(reinterpret_cast<const char*>(bytes), size);
-        if (asciiChanged_.empty()) {
+        const bool changed = std::any_of(asciiChanged_.begin(), asciiChanged_.end(), [&](unsigned char b) {
+            return std::memchr(bytes, b, size) != nullptr;
+        });
+        if (!changed) {
             emit(run);
             return;
         }
         utf8_.assign(run);
-        for (const unsigned char b : asciiChanged_) {
-            const unsigned char* from = bytes;
-            while (const void* found = std::memchr(from, b, size - size_t(from - bytes))) {
-                const auto* hit = static_cast<const unsigned char*>(found);
-                utf8_[size_t(hit - bytes)] = ascii_[b];
-                from = hit + 1;
-            }
-        }
+        for (char& c : utf8_) c = ascii_[(unsigned char)c];
         emit(std::string_view(utf8_));
     }
 
