@@ -713,10 +713,10 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
     } else if (StartsWith(bytes, kUtf16BEBom)) {
         ok = Check(TEXTENCODING_UTF16BE, 0, 2);
     } else {
-        // One pass finds whether the file is UTF-8; only a file that is not, and does not look
-        // like damaged UTF-8, is read in the legacy code page. A legacy file mostly shows in
-        // its first piece already: its check in the code page then runs in the same pass, and
-        // only a file that shows later is checked again.
+        // One pass finds whether the file is UTF-8 and counts its line ends; only a file that
+        // is not, and does not look like damaged UTF-8, is read in the legacy code page. A
+        // legacy file mostly shows in its first piece already: its check in the code page then
+        // runs in the same pass, and only a file that shows later is checked again.
         Utf8Scan scan;
         Counts counts, legacyCounts;
         const CodePageEntry* entry = detect ? FindCodePage(legacy) : nullptr;
@@ -741,8 +741,12 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
         } else if (counts.sawNul) {
             ok = Fail(TEXTFILEERROR_BINARY, EILSEQ,
                       Text("'%s' holds a NUL byte and is not a text file", path_.c_str()));
-        } else if (scan.invalid == 0 || !detect || LooksLikeBrokenUtf8(scan)) {
-            ok = Check(TEXTENCODING_UTF8, 0, 0);
+        } else if (scan.invalid == 0) {
+            counts.Finish();
+            SetEncoding(TEXTENCODING_UTF8, kUtf8CodePage);
+            ok = Adopt(counts, 0);
+        } else if (!detect || LooksLikeBrokenUtf8(scan)) {
+            ok = Check(TEXTENCODING_UTF8, 0, 0);   // fails, naming the first broken sequence
         } else if (decodes) {
             legacyCounts.Finish();
             SetEncoding(TEXTENCODING_ANSI, legacy);
