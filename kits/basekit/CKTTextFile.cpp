@@ -316,24 +316,20 @@ private:
         return true;
     }
 
-    // The characters of bytes below 0x80: the bytes themselves, or a copy with the few bytes
-    // that are not their own character looked for and replaced.
+    // The characters of bytes below 0x80: the bytes themselves, or, for the rare run that
+    // holds a byte that is not its own character, a copy mapped byte by byte.
     template <typename Emit>
     void EmitAscii(const unsigned char* bytes, size_t size, Emit& emit) {
         const std::string_view run(reinterpret_cast<const char*>(bytes), size);
-        if (asciiChanged_.empty()) {
+        const bool changed = std::any_of(asciiChanged_.begin(), asciiChanged_.end(), [&](unsigned char b) {
+            return std::memchr(bytes, b, size) != nullptr;
+        });
+        if (!changed) {
             emit(run);
             return;
         }
         utf8_.assign(run);
-        for (const unsigned char b : asciiChanged_) {
-            const unsigned char* from = bytes;
-            while (const void* found = std::memchr(from, b, size - size_t(from - bytes))) {
-                const auto* hit = static_cast<const unsigned char*>(found);
-                utf8_[size_t(hit - bytes)] = ascii_[b];
-                from = hit + 1;
-            }
-        }
+        for (char& c : utf8_) c = ascii_[(unsigned char)c];
         emit(std::string_view(utf8_));
     }
 
@@ -717,10 +713,10 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
     } else if (StartsWith(bytes, kUtf16BEBom)) {
         ok = Check(TEXTENCODING_UTF16BE, 0, 2);
     } else {
-        // One pass finds whether the file is UTF-8; only a file that is not, and does not look
-        // like damaged UTF-8, is read in the legacy code page. A legacy file mostly shows in
-        // its first piece already: its check in the code page then runs in the same pass, and
-        // only a file that shows later is checked again.
+        // One pass finds whether the file is UTF-8 and counts its line ends; only a file that
+        // is not, and does not look like damaged UTF-8, is read in the legacy code page. A
+        // legacy file mostly shows in its first piece already: its check in the code page then
+        // runs in the same pass, and only a file that shows later is checked again.
         Utf8Scan scan;
         Counts counts, legacyCounts;
         const CodePageEntry* entry = detect ? FindCodePage(legacy) : nullptr;
@@ -745,8 +741,12 @@ void CKTTextFileRead::Load(bool detect, int encoding, int codePage) {
         } else if (counts.sawNul) {
             ok = Fail(TEXTFILEERROR_BINARY, EILSEQ,
                       Text("'%s' holds a NUL byte and is not a text file", path_.c_str()));
-        } else if (scan.invalid == 0 || !detect || LooksLikeBrokenUtf8(scan)) {
-            ok = Check(TEXTENCODING_UTF8, 0, 0);
+        } else if (scan.invalid == 0) {
+            counts.Finish();
+            SetEncoding(TEXTENCODING_UTF8, kUtf8CodePage);
+            ok = Adopt(counts, 0);
+        } else if (!detect || LooksLikeBrokenUtf8(scan)) {
+            ok = Check(TEXTENCODING_UTF8, 0, 0);   // fails, naming the first broken sequence
         } else if (decodes) {
             legacyCounts.Finish();
             SetEncoding(TEXTENCODING_ANSI, legacy);
