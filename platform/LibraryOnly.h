@@ -4,6 +4,10 @@
 #include "QuillboxExport.h"
 #include "WinTypes.h"
 
+// The running process's id, and its end by SIGKILL, as a crash would end it.
+DWORD GetCurrentProcessId();
+[[noreturn]] void KillCurrentProcess();
+
 // Blocks the calling thread for about `milliseconds`.
 void Sleep(DWORD milliseconds);
 

@@ -31,11 +31,6 @@ QUILLBOX_EXPORT BOOL FreeLibrary(HMODULE module);
 // running program's own handle when no library file holds it.
 QUILLBOX_EXPORT HMODULE LibraryContaining(const void* address);
 
-// The running process's id, and its end by SIGKILL, as a crash would end it (for the library's
-// own use, not exported).
-DWORD GetCurrentProcessId();
-[[noreturn]] void KillCurrentProcess();
-
 // The full path of the running program (GetModuleFileName of the process).
 QUILLBOX_EXPORT CString GetModuleFileName();
 

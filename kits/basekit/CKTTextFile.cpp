@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "Files.h"
+#include "LibraryOnly.h"
 #include "System.h"
 
 namespace {
