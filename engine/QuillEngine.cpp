@@ -427,8 +427,7 @@ bool QuillEngine::viewportEvent(QEvent* e) {
 void QuillEngine::paintEvent(QPaintEvent* e) {
     const bool colouringAboveView = colourWhatShows();
     const bool toScreen = paintsToScreen();
-    const Frame now = toScreen ? shownFrame() : Frame{};
-    if (toScreen && colouringAboveView && now == lastFrame_ && e->rect().contains(viewport()->rect()) &&
+    if (toScreen && colouringAboveView && shownFrame() == lastFrame_ && e->rect().contains(viewport()->rect()) &&
         !window()->testAttribute(Qt::WA_TranslucentBackground) && ask(SCI_GETWRAPMODE) == SC_WRAP_NONE) {
         // The same picture as the last one on the screen: keep it. (A translucent window's
         // backing store is cleared before each paint; wrapping can move lines in the view
@@ -437,7 +436,9 @@ void QuillEngine::paintEvent(QPaintEvent* e) {
         return;
     }
     QsciScintillaBase::paintEvent(e);
-    if (toScreen) lastFrame_ = now;
+    // Read after the paint: the window answers the engine's UI update during it (brace and
+    // word highlight), and what those messages change the paint has shown.
+    if (toScreen) lastFrame_ = shownFrame();
 }
 
 // A paint for the screen goes to the top-level window's backing store; grab() and render()
